@@ -1,0 +1,373 @@
+#include "platform/input.h"
+
+#include "platform/system.h"
+#include "platform/text.h"
+
+#include <algorithm>
+
+namespace platform::input {
+
+namespace {
+
+/// Mouse positions reach an object in twips, at this fixed ratio whatever the screen's own is;
+/// forms and picture boxes, which have a unit of their own inside, get that unit.
+constexpr double twips_per_pixel = 15;
+
+[[noreturn]] void refuse(Control const& control, std::string const& why) {
+    throw InputRefused(control.full_name() + " " + why);
+}
+
+void require_front(Control const& control) {
+    auto* const modal = System::current().active_modal();
+    if (modal && &control.form() != modal)
+        refuse(control, "is behind the modal form " + modal->name());
+}
+
+void require_reachable(Control const& control) {
+    require_front(control);
+    if (!control.is_shown())
+        refuse(control, "is hidden");
+    if (!control.is_enabled())
+        refuse(control, "is disabled");
+}
+
+/// A bar takes the focus when code gives it, but not by a click beside what stands in it.
+void focus_on_click(Control& control) {
+    if (control.takes_focus() && control.dock_side() == 0)
+        System::current().move_focus(&control);
+}
+
+/// What a click does by itself, before or instead of the handler.
+void perform_click(Control& control) {
+    if (auto* const box = dynamic_cast<CheckBox*>(&control))
+        box->Value = box->Value == 0 ? 1 : 0;
+    else if (auto* const option = dynamic_cast<OptionButton*>(&control)) {
+        if (!option->Value)
+            option->Value = true;
+        else
+            option->Click(option->index());
+    } else
+        control.Click(control.index());
+}
+
+/// Replaces the selected text of a box and puts the caret behind what came in.
+void replace_selection(TextBox& box, std::string_view text) {
+    auto const whole = box.Text.get();
+    auto const length = static_cast<int>(Len(whole));
+    int const start = std::clamp(box.SelStart.get(), 0, length);
+    int const end = std::clamp(start + box.SelLength.get(), start, length);
+    auto const head = Left(whole, static_cast<std::size_t>(start));
+    auto const tail = whole.substr(Left(whole, static_cast<std::size_t>(end)).size());
+    if (box.MaxLength > 0 && box.MaxLength - (length - (end - start)) < static_cast<int>(Len(text)))
+        return; // no room: the key does nothing
+    // Caret and selection stand behind the new text before Change is raised, as they do for a user;
+    // what the handler does to them then stays.
+    box.replace_text(head + std::string(text) + tail, start + static_cast<int>(Len(text)));
+}
+
+void type_character(Control& control, char32_t key, std::string_view utf8) {
+    char32_t const pressed = key;
+    if (control.KeyPress)
+        control.KeyPress(control.index(), key);
+    auto* const box = dynamic_cast<TextBox*>(&control);
+    if (key == 0 || !box || box->Locked)
+        return;
+    if (key == pressed) {
+        replace_selection(*box, utf8);
+        return;
+    }
+    auto const byte = static_cast<char>(key);
+    replace_selection(*box, from_code_page({&byte, 1}));
+}
+
+Control* descend(Control const& container, double x, double y) {
+    auto const& children = container.children();
+    for (auto child = children.rbegin(); child != children.rend(); ++child) {
+        auto& control = **child;
+        bool const takes_mouse =
+            control.has_tab_index() && control.control_class() != ControlClass::combo_box;
+        if (!takes_mouse || !control.Visible || !control.Enabled)
+            continue;
+        double const left = x - control.Left;
+        double const top = y - control.Top;
+        if (left < 0 || top < 0 || left >= control.Width || top >= control.Height)
+            continue;
+        auto* const inner = descend(control, left, top);
+        return inner ? inner : &control;
+    }
+    return nullptr;
+}
+
+double pixels_to_form_units(Form const& form, double pixels) {
+    return form.scale() == ScaleMode::pixels ? pixels : pixels * twips_per_pixel;
+}
+
+/// The point, in the unit and from the corner that `control` counts from.
+MouseArguments arguments_for(Control& control, double x, double y) {
+    auto& form = control.form();
+    auto const& mouse = System::current().mouse();
+    double const unit = pixels_to_form_units(form, 1);
+    double left = x * unit;
+    double top = y * unit;
+    for (auto* at = &control; at != &form; at = at->container()) {
+        left -= at->Left;
+        top -= at->Top;
+    }
+    bool const own_unit = control.control_class() == ControlClass::picture_box || &control == &form;
+    double const factor = own_unit ? 1 : twips_per_pixel / unit;
+    return {mouse.button, mouse.shift, left * factor, top * factor};
+}
+
+bool is_inside(Control& control, double x, double y) {
+    auto* const found = object_at(control.form(), x, y);
+    return found == &control;
+}
+
+} // namespace
+
+Control* object_at(Form& form, double x, double y) {
+    return descend(form, pixels_to_form_units(form, x), pixels_to_form_units(form, y));
+}
+
+void click(Control& control) {
+    require_reachable(control);
+    System::at_edge([&] {
+        focus_on_click(control);
+        perform_click(control);
+    });
+}
+
+void double_click(Control& control) {
+    require_reachable(control);
+    System::at_edge([&] {
+        focus_on_click(control);
+        control.DblClick(control.index());
+    });
+}
+
+void focus(Control& control) {
+    require_reachable(control);
+    if (!control.takes_focus())
+        refuse(control, "does not take the focus");
+    System::at_edge([&] { System::current().move_focus(&control); });
+}
+
+void type(Control& control, std::string_view text) {
+    require_reachable(control);
+    while (!text.empty()) {
+        auto const utf8 = Left(text, 1);
+        text.remove_prefix(utf8.size());
+        auto const byte = to_code_page(utf8);
+        auto const key = static_cast<char32_t>(static_cast<unsigned char>(byte.front()));
+        System::at_edge([&] { type_character(control, key, utf8); });
+    }
+}
+
+void press(Control& control, Key key) {
+    require_reachable(control);
+    auto& form = control.form();
+    if (key == Key::enter && control.control_class() == ControlClass::button)
+        return click(control); // the button in hand comes before the default one
+    if (key == Key::enter || key == Key::escape) {
+        for (auto* const other : form.controls())
+            if (auto* const button = dynamic_cast<Button*>(other))
+                if ((key == Key::enter ? button->Default : button->Cancel).get() &&
+                    button->is_shown() && button->is_enabled())
+                    return click(*button);
+        System::at_edge([&] {
+            char32_t code = key == Key::enter ? U'\r' : U'\x1b';
+            if (control.KeyPress)
+                control.KeyPress(control.index(), code);
+        });
+        return;
+    }
+    if (key == Key::tab || key == Key::back_tab)
+        return walk_focus(control, key == Key::tab ? 1 : -1);
+    if (auto* const box = dynamic_cast<TextBox*>(&control)) {
+        if ((key == Key::del || key == Key::backspace) && !box->Locked)
+            System::at_edge([&] {
+                if (box->SelLength == 0) {
+                    if (key == Key::backspace && box->SelStart == 0)
+                        return;
+                    if (key == Key::backspace)
+                        box->SelStart = box->SelStart - 1;
+                    box->SelLength = 1;
+                }
+                replace_selection(*box, "");
+            });
+    } else if (auto* const list = dynamic_cast<ListControl*>(&control)) {
+        int const step = key == Key::down ? 1 : key == Key::up ? -1 : 0;
+        int const target = list->ListIndex + step;
+        if (step != 0 && target >= 0 && target < list->ListCount())
+            pick(*list, target);
+    }
+}
+
+void walk_focus(Control& from, int step) {
+    auto const& order = from.form().tab_order();
+    auto const count = static_cast<int>(order.size());
+    int place = from.TabIndex;
+    for (int i = 0; i < count; ++i) {
+        place = (place + step + count) % count;
+        auto* const next = order[static_cast<std::size_t>(place)];
+        if (next->can_take_focus())
+            return focus(*next);
+    }
+}
+
+void paste(TextBox& box, std::string_view text, std::optional<int> caret) {
+    require_reachable(box);
+    if (box.Locked)
+        refuse(box, "is locked");
+    System::at_edge([&] {
+        std::string const taken = box.MaxLength > 0
+                                      ? Left(text, static_cast<std::size_t>(box.MaxLength.get()))
+                                      : std::string(text);
+        auto const end = static_cast<int>(Len(taken));
+        box.replace_text(taken, std::min(caret.value_or(end), end));
+    });
+}
+
+void select(TextBox& box, int start, int length) {
+    box.SelStart.show(start);
+    box.SelLength.show(length);
+}
+
+void pick(ListControl& list, int index) {
+    require_reachable(list);
+    if (index < 0 || index >= list.ListCount())
+        refuse(list, "has no item " + std::to_string(index));
+    System::at_edge([&] {
+        System::current().move_focus(&list);
+        list.ListIndex = index;
+    });
+}
+
+void scroll(ScrollBar& bar, int value) {
+    require_reachable(bar);
+    System::at_edge([&] { bar.Value = value; });
+}
+
+void mouse_press(Form& form, double x, double y, bool modifier, int button) {
+    require_reachable(form);
+    auto& mouse = System::current().mouse();
+    if (mouse.captured)
+        return; // a second button while one is down belongs to nobody
+    auto* const object = object_at(form, x, y);
+    mouse = {object ? object : &form, button, modifier ? 1 : 0};
+    System::at_edge([&] {
+        auto& target = *mouse.captured;
+        focus_on_click(target);
+        if (mouse.captured == &target && target.MouseDown)
+            target.MouseDown(target.index(), arguments_for(target, x, y));
+    });
+}
+
+void mouse_move(Form& form, double x, double y) {
+    if (!form.is_shown())
+        return;
+    auto& mouse = System::current().mouse();
+    auto* target = mouse.captured;
+    if (!target) {
+        auto* const object = object_at(form, x, y);
+        target = object ? object : &form;
+    } else if (&target->form() != &form) {
+        return;
+    }
+    System::at_edge([&] {
+        if (target->MouseMove)
+            target->MouseMove(target->index(), arguments_for(*target, x, y));
+    });
+}
+
+void mouse_release(Form& form, double x, double y) {
+    auto& mouse = System::current().mouse();
+    auto* const target = mouse.captured;
+    if (!target || &target->form() != &form)
+        return;
+    System::at_edge([&] {
+        auto const arguments = arguments_for(*target, x, y);
+        bool const clicked = target != &form && is_inside(*target, x, y);
+        if (target->MouseUp)
+            target->MouseUp(target->index(), arguments);
+        // The release may have taken the object away with the whole form.
+        bool const still_there = mouse.captured == target;
+        mouse = {};
+        if (clicked && still_there)
+            perform_click(*target);
+    });
+    mouse = {};
+}
+
+void mouse_double_press(Form& form, double x, double y, bool modifier) {
+    mouse_press(form, x, y, modifier);
+    mouse_release(form, x, y);
+    // The first click may have changed what stands there.
+    auto* const target = object_at(form, x, y);
+    System::at_edge([&] { (target ? *target : form).DblClick(target ? target->index() : -1); });
+}
+
+void drop(Control& source, Form& form, double x, double y) {
+    require_reachable(source);
+    require_reachable(form);
+    if (object_at(form, x, y))
+        return; // what stands on a form takes no drops, and hides the form under it
+    System::at_edge([&] {
+        if (form.DragDrop)
+            form.DragDrop(source, pixels_to_form_units(form, x), pixels_to_form_units(form, y));
+    });
+}
+
+void resize(Form& form, double width, double height) {
+    require_front(form);
+    System::at_edge([&] { form.take_size(width, height); });
+}
+
+void move_form(Form& form, double left, double top) {
+    form.Left.show(left);
+    form.Top.show(top);
+}
+
+void set_window_state(Form& form, WindowState state) {
+    form.WindowState.show(static_cast<int>(state));
+}
+
+void close(Form& form) {
+    require_reachable(form);
+    System::at_edge([&] {
+        bool cancel = false;
+        if (form.QueryUnload)
+            form.QueryUnload(true, cancel);
+        if (!cancel)
+            form.Close();
+    });
+}
+
+void click_form(Form& form) {
+    require_reachable(form);
+    System::at_edge([&] { form.Click(form.index()); });
+}
+
+bool shortcut(Form& form, std::string_view keys) {
+    bool taken = false;
+    System::at_edge([&] { taken = form.KeyDown && form.KeyDown(keys); });
+    if (taken)
+        return true;
+    for (auto* const control : form.controls()) {
+        auto* const entry = dynamic_cast<Menu*>(control);
+        if (!entry || entry->Shortcut.get() != keys)
+            continue;
+        if (!entry->is_shown() || !entry->is_enabled())
+            return false;
+        click(*entry);
+        return true;
+    }
+    return false;
+}
+
+void tick(Timer& timer) {
+    if (timer.Enabled)
+        System::at_edge([&] { timer.Tick(timer.index()); });
+}
+
+} // namespace platform::input

@@ -1,0 +1,76 @@
+// What a user can do to a form. The desktop and the tests call the same functions; each refuses,
+// by raising InputRefused, what a user could not do.
+//
+// Every function is an event edge: a failure inside a handler ends with a box and never comes out.
+#pragma once
+
+#include "platform/form.h"
+
+#include <optional>
+#include <stdexcept>
+#include <string_view>
+
+namespace platform {
+
+/// A user could not have done that: the control is hidden, disabled, or behind a modal form.
+class InputRefused : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Keys without a character of their own.
+enum class Key { enter, escape, tab, back_tab, del, backspace, up, down, left, right, home, end };
+
+namespace input {
+
+/// A click on a button, icon, label, picture, menu entry, check box or option button. Gives the
+/// focus first where the control takes it.
+void click(Control& control);
+void double_click(Control& control);
+/// The keyboard focus goes to a control.
+void focus(Control& control);
+
+/// Types text at the caret, key by key; the selected text is replaced.
+void type(Control& control, std::string_view text);
+/// One key without a character.
+void press(Control& control, Key key);
+/// Tab (step 1) or Shift+Tab (step -1): the next control of the form that takes the focus.
+void walk_focus(Control& from, int step);
+/// The whole text is replaced in one change, as by pasting. The caret then stands behind its first
+/// `caret` characters, or at its end.
+void paste(TextBox& box, std::string_view text, std::optional<int> caret = std::nullopt);
+/// The user moved the caret or the selection, in characters.
+void select(TextBox& box, int start, int length);
+
+void pick(ListControl& list, int index);
+void scroll(ScrollBar& bar, int value);
+
+/// Mouse on the inside of a form, in pixels. A press belongs to the topmost object there that takes
+/// the mouse, and so do the moves and the release after it, which is how a captured mouse works.
+void mouse_press(Form& form, double x, double y, bool modifier, int button = 1);
+void mouse_move(Form& form, double x, double y);
+void mouse_release(Form& form, double x, double y);
+void mouse_double_press(Form& form, double x, double y, bool modifier);
+/// The object of a form that takes the mouse at a point, or null for the form itself.
+Control* object_at(Form& form, double x, double y);
+
+/// A control that can be dragged is dropped on a form, at a point inside it in pixels.
+void drop(Control& source, Form& form, double x, double y);
+
+/// A form takes another outer size or place, in twips.
+void resize(Form& form, double width, double height);
+void move_form(Form& form, double left, double top);
+void set_window_state(Form& form, WindowState state);
+/// The form's own close button.
+void close(Form& form);
+/// A click on the bare form, beside everything that stands in it.
+void click_form(Form& form);
+
+/// A menu shortcut; false when no reachable entry has it.
+bool shortcut(Form& form, std::string_view keys);
+
+/// A timer's moment has come.
+void tick(Timer& timer);
+
+} // namespace input
+} // namespace platform

@@ -1,0 +1,40 @@
+#include "forms/card_form.h"
+
+namespace kehystin {
+
+std::unique_ptr<CardForm> fCard;
+
+CardForm::CardForm() : Form("fCard", FormKind::child, ScaleMode::pixels) {
+    stx.prototype().MultiLine = true;
+    stx.prototype().ScrollBars = true;
+    bigfocus.Visible = false;
+    tmpImg.Visible = false;
+}
+
+CardForm::~CardForm() {
+    begin_unload();
+}
+
+TextControl& CardForm::visual(Style style, int number) {
+    switch (style) {
+    case Style::OTS:
+        return ots(number);
+    case Style::TXT:
+        return txt(number);
+    case Style::CHK:
+        return chk(number);
+    case Style::OPT:
+        return opt(number);
+    case Style::CMB:
+        return cmb(number);
+    case Style::IMG:
+        return img(number);
+    case Style::LST:
+        return lst(number);
+    case Style::STX:
+        return stx(number);
+    }
+    throw RuntimeError(ErrorNumber::subscript_out_of_range);
+}
+
+} // namespace kehystin

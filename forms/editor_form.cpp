@@ -1,0 +1,121 @@
+#include "forms/editor_form.h"
+
+#include "forms/panel_rows.h"
+#include "model/kinds.h"
+
+#include <initializer_list>
+
+namespace kehystin {
+
+std::unique_ptr<EditorForm> fEditor;
+std::unique_ptr<TipForm> fTip;
+
+namespace {
+
+constexpr Colour face = system_colour(15);
+
+void place_bar(PictureBox& bar, Dock side, double thickness) {
+    bar.Align = static_cast<int>(side);
+    bar.BorderStyle = 0;
+    bar.BackColor = face;
+    bool const lies = side == Dock::top || side == Dock::bottom;
+    (lies ? bar.Height : bar.Width) = thickness;
+}
+
+void build_field_bar(EditorForm& form) {
+    place_bar(form.fldBar, Dock::left, 600);
+    double top = 90;
+    auto kind = kinds.begin();
+    for (auto* const button : {&form.drag_ots, &form.drag_txt, &form.drag_stx, &form.drag_chk,
+                               &form.drag_opt, &form.drag_cmb, &form.drag_img, &form.drag_lst}) {
+        button->Tag = std::string((kind++)->prefix);
+        button->Picture = Picture::named(button->name());
+        button->DragMode = true;
+        button->Move(60, top, 480, 480);
+        top += 510;
+    }
+    form.pic_lock.Picture = Picture::named("pic_lock");
+    form.pic_lock.BorderStyle = 0;
+    form.pic_lock.BackColor = face;
+    form.pic_lock.Move(120, top + 90, 360, 360);
+    form.pic_lock.Visible = false;
+    form.fldBar.Visible = false;
+}
+
+void build_panel(EditorForm& form) {
+    place_bar(form.proBar, Dock::right, 2970);
+    form.labPro.Caption = "Ominaisuudet";
+    form.labPro.BackStyle = 0;
+    form.labPro.Move(90, 90, 2400, 240);
+    form.cmd_close_pro.Caption = "×";
+    form.cmd_close_pro.Move(2640, 60, 270, 270);
+    form.cmb_field.Move(60, 390, 2850, 330);
+    form.cmb_field.BackColor = face;
+    form.cmb_field.Enabled = false;
+    form.peitto.Move(60, 390, 2850, 330);
+    form.peitto.BackColor = face;
+    form.peitto.bring_to_front();
+
+    form.proBot.BorderStyle = 0;
+    form.proBot.BackColor = face;
+    form.proBot.Move(60, 810, 2850, 0);
+    form.proPic.BorderStyle = 0;
+    form.proPic.BackColor = face;
+    form.proPic.Move(0, 0, 2820, 0);
+    form.proPic.Visible = false;
+    form.scr_pro.Move(2640, 0, 180, 0);
+    form.scr_pro.SmallChange = static_cast<int>(row_step);
+    form.scr_pro.LargeChange = static_cast<int>(row_step) * 4;
+    form.scr_pro.Visible = false;
+    form.proBar.Visible = false;
+}
+
+void build_rows(EditorForm& form) {
+    for (auto const& row : panel_rows()) {
+        auto& caption = form.labProp.Load(row.number);
+        caption.Caption = std::string(row.caption);
+        caption.BackStyle = 0;
+        caption.Move(60, 0, 1140, row_height);
+        auto& editor = form.*row.editor;
+        editor.Move(value_left + 30, 0, 1530, row_height - 60);
+        editor.BackColor = colours::white;
+        editor.Visible = false;
+        if (row.scroll) {
+            auto& scroll = form.*row.scroll;
+            scroll.Min = -32768;
+            scroll.Move(2610, 0, 180, row_height);
+            scroll.Visible = false;
+        }
+        if (row.list)
+            (form.*row.list).Visible = false;
+    }
+}
+
+} // namespace
+
+EditorForm::EditorForm() : Form("fEditor", FormKind::main) {
+    place_bar(icoBar, Dock::top, 555);
+    ico.prototype().Move(90, 60, 435, 435);
+    stsBar.Height = 330;
+    stsBar.set_panel_count(5);
+    build_field_bar(*this);
+    build_panel(*this);
+    build_rows(*this);
+    testFont.Visible = false;
+}
+
+EditorForm::~EditorForm() {
+    begin_unload();
+}
+
+TipForm::TipForm() : Form("fTip", FormKind::tooltip) {
+    BackColor = system_colour(24);
+    lblTip.BackStyle = 0;
+    lblTip.Move(15, 15);
+}
+
+TipForm::~TipForm() {
+    begin_unload();
+}
+
+} // namespace kehystin

@@ -1,0 +1,14 @@
+#include "model/card.h"
+
+namespace kehystin {
+
+Card card;
+std::vector<Field> fields(1);
+
+Field& field(int number) {
+    if (number < 0 || static_cast<std::size_t>(number) >= fields.size())
+        throw RuntimeError(ErrorNumber::subscript_out_of_range);
+    return fields[static_cast<std::size_t>(number)];
+}
+
+} // namespace kehystin

@@ -1,0 +1,47 @@
+#include "commands/bars.h"
+
+#include "commands/card_size.h"
+#include "commands/icon_bar.h"
+#include "forms/editor_form.h"
+#include "model/settings.h"
+
+namespace kehystin {
+
+namespace {
+
+bool flip(Control& bar, Menu& entry) {
+    bar.Visible = !bar.Visible;
+    entry.Checked = bar.Visible.get();
+    return bar.Visible;
+}
+
+} // namespace
+
+void cmd_fldBar_Click() {
+    flip(fEditor->fldBar, fEditor->cmd_fldBar);
+    // Only this bar centres the card again; the others leave it where it stands.
+    if (fEditor->cmd_card_autocenter.Checked)
+        center_card();
+}
+
+void cmd_proBar_Click() {
+    flip(fEditor->proBar, fEditor->cmd_proBar);
+    refresh_icon(icon_links);
+}
+
+void cmd_icoBar_Click() {
+    settings.showIconBar = flip(fEditor->icoBar, fEditor->cmd_icoBar) ? -1 : 0;
+}
+
+void cmd_stsBar_Click() {
+    settings.showStatusBar = flip(fEditor->stsBar, fEditor->cmd_stsBar) ? -1 : 0;
+}
+
+void show_card_bars() {
+    if (!fEditor->cmd_fldBar.Checked)
+        cmd_fldBar_Click();
+    if (!fEditor->cmd_proBar.Checked)
+        cmd_proBar_Click();
+}
+
+} // namespace kehystin

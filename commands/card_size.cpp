@@ -1,0 +1,42 @@
+#include "commands/card_size.h"
+
+#include "forms/card_form.h"
+#include "forms/editor_form.h"
+#include "model/session.h"
+
+namespace kehystin {
+
+void center_card() {
+    if (!session.cardFormLoaded)
+        return;
+    Integer across = 0;
+    for (auto const* const bar : {&fEditor->fldBar, &fEditor->proBar})
+        if (bar->Visible)
+            across += Integer(bar->Width.get());
+    Integer down = 0;
+    if (fEditor->stsBar.Visible)
+        down += Integer(fEditor->stsBar.Height.get());
+    if (fEditor->icoBar.Visible)
+        down += Integer(fEditor->icoBar.Height.get());
+    // 90, 900 and 60 twips stand for frame, caption and menu of the main window.
+    fCard->Move((fEditor->Width - across) / 2 - fCard->Width / 2 - 90,
+                (fEditor->Height - 900 - down) / 2 - fCard->Height / 2 - 60);
+}
+
+void cmd_card_center_Click() {
+    center_card();
+}
+
+void cmd_card_autocenter_Click() {
+    fEditor->cmd_card_autocenter.Checked = !fEditor->cmd_card_autocenter.Checked;
+    if (fEditor->cmd_card_autocenter.Checked)
+        center_card();
+}
+
+void size_card_frame(double width, double height) {
+    auto& frame = fCard->focus(0);
+    frame.Width = width - 6 - session.frame_x;
+    frame.Height = height - 7 - session.frame_x - session.menu_y;
+}
+
+} // namespace kehystin

@@ -1,0 +1,29 @@
+#include "commands/document_state.h"
+
+#include "commands/icon_bar.h"
+#include "commands/status_bar.h"
+#include "model/session.h"
+
+namespace kehystin {
+
+namespace {
+
+void set_modified(bool modified) {
+    fEditor->cmdTallenna.Enabled = modified;
+    session.cardModified = modified;
+    refresh_icon(icon_save);
+}
+
+} // namespace
+
+void MarkCardChanged() {
+    set_modified(true);
+    if (fEditor->stsBar.Visible)
+        upd_sts();
+}
+
+void clear_card_changed() {
+    set_modified(false);
+}
+
+} // namespace kehystin

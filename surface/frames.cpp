@@ -1,0 +1,36 @@
+#include "surface/frames.h"
+
+#include "forms/card_form.h"
+#include "forms/editor_form.h"
+#include "model/session.h"
+
+namespace kehystin {
+
+void place_frame(Shape& frame, Field const& around) {
+    frame.Move(around.left - 1.0, around.top - 1.0, around.width + 2.0, around.height + 2.0);
+}
+
+void show_lock_state() {
+    bool const locked = static_cast<bool>(session.fieldsLocked);
+    fEditor->pic_lock.Visible = locked;
+    if (!session.cardFormLoaded)
+        return;
+    auto const colour = locked ? colours::white : colours::red;
+    fCard->bigfocus.BorderColor = colour;
+    for (int i = 0; i <= card.fields; ++i)
+        if (fCard->focus.has(i))
+            fCard->focus(i).BorderColor = colour;
+}
+
+void cmd_lock_Click() {
+    session.fieldsLocked = !session.fieldsLocked;
+    fEditor->cmd_lock.Checked = static_cast<bool>(session.fieldsLocked);
+    show_lock_state();
+}
+
+void unlock_fields() {
+    session.fieldsLocked = true;
+    cmd_lock_Click();
+}
+
+} // namespace kehystin

@@ -1,0 +1,21 @@
+// Selection frames: an outline with one pixel to spare around each field.
+#pragma once
+
+#include "model/card.h"
+#include "platform/controls.h"
+
+namespace kehystin {
+
+/// Puts a frame around a field.
+void place_frame(Shape& frame, Field const& around);
+
+/// Frames are white while fields are locked and red otherwise; the padlock shows with them.
+void show_lock_state();
+
+/// "Lukitse kentät": flips the lock.
+void cmd_lock_Click();
+
+/// The fields are unlocked, as behind every new or opened card.
+void unlock_fields();
+
+} // namespace kehystin

@@ -1,0 +1,119 @@
+#include "surface/load_card.h"
+
+#include "commands/card_size.h"
+#include "commands/failure_report.h"
+#include "forms/card_form.h"
+#include "forms/editor_form.h"
+#include "links/link_engine.h"
+#include "model/card.h"
+#include "model/session.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "surface/frames.h"
+#include "surface/hourglass.h"
+#include "surface/visuals.h"
+#include "surface/window.h"
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+namespace kehystin {
+
+namespace {
+
+/// Keeps the resize handlers out while code sets the window's size.
+class Sizing {
+  public:
+    Sizing() { session.isSizing = true; }
+    ~Sizing() { session.isSizing = false; }
+    Sizing(Sizing const&) = delete;
+    Sizing& operator=(Sizing const&) = delete;
+};
+
+void open_window() {
+    unload_card_form();
+    Sizing const sizing;
+    fCard = std::make_unique<CardForm>();
+    wire_card_form();
+    Form_Load();
+    fCard->Caption = " " + card.name.trim();
+    fCard->BackColor = card.color;
+    auto const screen = host().metrics();
+    fCard->Width = card.width * screen.TwipsPerPixelX;
+    fCard->Height = card.height * screen.TwipsPerPixelY;
+    size_card_frame(card.width, card.height);
+    // A missing picture is passed over in silence.
+    auto const path = card.picture.trim();
+    if (names_a_file(path))
+        fCard->Picture = LoadPicture(path);
+}
+
+void build_fields() {
+    for (int i = 1; i <= card.fields; ++i) {
+        auto const* kind = kind_of(field(i).style);
+        if (!kind)
+            continue;
+        add_to_selector(i);
+        build_visual(*kind, i);
+        place_frame(fCard->focus.Load(i), field(i));
+    }
+}
+
+/// Ascending tabIndex, of equal ones the lower field first.
+void apply_tab_order() {
+    std::vector<int> order(static_cast<std::size_t>(int{card.fields}));
+    std::iota(order.begin(), order.end(), 1);
+    std::stable_sort(order.begin(), order.end(),
+                     [](int a, int b) { return field(a).tabIndex < field(b).tabIndex; });
+    for (int const number : order)
+        if (auto const* kind = kind_of(field(number).style))
+            fCard->visual(kind->style, number).TabIndex = int{field(number).tabIndex};
+}
+
+void build_surface() {
+    open_window();
+    fEditor->cmb_field.Clear();
+    fEditor->cmb_field.AddItem("Kortti");
+    build_fields();
+    apply_tab_order();
+    fEditor->cmb_field.Enabled = true;
+    fEditor->cmb_field.ListIndex = -1;
+    fEditor->cmb_field.BackColor = colours::white;
+    fEditor->peitto.Visible = false;
+    fCard->Visible = true;
+    update_links();
+    show_lock_state();
+}
+
+} // namespace
+
+bool load_card() {
+    PanelUpdate const rebuilding;
+    Hourglass const pointer;
+    try {
+        with_memory_checked(build_surface);
+        return true;
+    } catch (RuntimeError const& error) {
+        // Half a surface would show a card that nobody could save.
+        unload_card_form();
+        standard_report(" Korttimallin lataaminen aiheutti virheen     ", error,
+                        " Korttimallin lataus on keskeytetty.     ");
+        return false;
+    }
+}
+
+void unload_card_form() {
+    if (!session.cardFormLoaded)
+        return;
+    Form_Unload();
+    fCard.reset();
+    session.link_count = 0;
+}
+
+void add_to_selector(int number) {
+    if (auto const* kind = kind_of(field(number).style))
+        fEditor->cmb_field.AddItem("Kenttä (" + Format(number) + std::string(kind->word));
+}
+
+} // namespace kehystin

@@ -1,0 +1,122 @@
+#include "surface/window.h"
+
+#include "commands/card_size.h"
+#include "commands/document_state.h"
+#include "commands/failure_report.h"
+#include "forms/card_form.h"
+#include "forms/editor_form.h"
+#include "model/card.h"
+#include "model/session.h"
+#include "platform/host.h"
+#include "surface/grid.h"
+#include "surface/visuals.h"
+
+namespace kehystin {
+
+namespace {
+
+constexpr double smallest_window = 900; // twips
+constexpr double twips_per_pixel = 15;
+
+/// The text fields of the surface must not keep the keyboard, and it cannot be moved from inside a
+/// focus event.
+void give_focus_back() {
+    fEditor->focusTimer.Enabled = true;
+}
+
+void focusTimer_Timer() {
+    fEditor->cmb_field.SetFocus();
+    fCard->focusTimer.Enabled = false;
+}
+
+void take_window_size() {
+    if (fCard->Width < smallest_window) {
+        fCard->Width = smallest_window; // resizes again, which goes on with the rest
+        return;
+    }
+    if (fCard->Height < smallest_window) {
+        fCard->Height = smallest_window;
+        return;
+    }
+    if (fEditor->cmb_field.ListCount() > 0)
+        fEditor->cmb_field.ListIndex = 0;
+    // The scroll bars run negative, so that up means more.
+    fEditor->scr_width.Value = -int{Integer(fCard->Width / twips_per_pixel)};
+    fEditor->scr_height.Value = -int{Integer(fCard->Height / twips_per_pixel)};
+    fCard->resizeTimer.Enabled = true;
+    MarkCardChanged();
+}
+
+} // namespace
+
+void wire_card_form() {
+    auto& form = *fCard;
+    form.QueryUnload = Form_QueryUnload;
+    form.Resize = Form_Resize;
+    form.resizeTimer.Tick = resizeTimer_Timer;
+    form.focusTimer.Tick = focusTimer_Timer;
+    form.txt.prototype().GotFocus = give_focus_back;
+    form.stx.prototype().GotFocus = give_focus_back;
+    form.lst.prototype().GotFocus = give_focus_back;
+    form.chk.prototype().Click = chk_Click;
+    form.opt.prototype().Click = opt_Click;
+    form.img.prototype().DblClick = img_DblClick;
+}
+
+void Form_Load() {
+    session.cardFormLoaded = true;
+}
+
+void Form_Unload() {
+    session.cardFormLoaded = false;
+}
+
+void Form_QueryUnload(bool user, bool& cancel) {
+    if (!user)
+        return;
+    auto const answer = MsgBox(lines({" Editoitava korttimallitiedosto sulkeutuu.     ", ""}),
+                               box::information + box::ok_cancel, " Sulje tiedosto...");
+    if (answer != Answer::cancel)
+        fEditor->closeTimer.Enabled = true;
+    cancel = true;
+}
+
+void Form_Resize() {
+    if (session.pro_updating || session.isSizing)
+        return;
+    try {
+        take_window_size();
+    } catch (RuntimeError const& error) {
+        standard_report(" Kortin skaalaus aiheutti virheen     ", error);
+    }
+}
+
+void resizeTimer_Timer() {
+    if (host().left_button_down())
+        return;
+    fCard->resizeTimer.Enabled = false;
+    if (fEditor->cmd_card_autocenter.Checked)
+        center_card();
+    upd_gg();
+}
+
+void chk_Click(int index) {
+    restore_check(index);
+}
+
+void opt_Click(int) {
+    if (session.pro_updating)
+        return;
+    for (int i = 1; i <= card.fields; ++i)
+        if (field(i).style == static_cast<int>(Style::OPT))
+            restore_option(i);
+}
+
+void img_DblClick(int index) {
+    load_image(index);
+    auto& picture = fCard->img(index);
+    if (field(index).scaling == 1 && !picture.Picture.get().empty())
+        paint_stretched(picture);
+}
+
+} // namespace kehystin

@@ -1,0 +1,290 @@
+#include "cardfile/document_commands.h"
+
+#include "cardfile/identity.h"
+#include "cardfile/reader.h"
+#include "cardfile/save_checks.h"
+#include "cardfile/writer.h"
+#include "commands/bars.h"
+#include "commands/card_size.h"
+#include "commands/command_state.h"
+#include "commands/document_state.h"
+#include "commands/failure_report.h"
+#include "commands/last_files.h"
+#include "commands/status_bar.h"
+#include "forms/card_form.h"
+#include "forms/editor_form.h"
+#include "links/link_engine.h"
+#include "links/link_list.h"
+#include "links/tab_order.h"
+#include "model/card.h"
+#include "model/default_looks.h"
+#include "model/session.h"
+#include "platform/host.h"
+#include "surface/frames.h"
+#include "surface/grid.h"
+#include "surface/load_card.h"
+
+#include <utility>
+
+namespace kehystin {
+
+namespace {
+
+std::string step_of(int step) {
+    return " S" + std::to_string(step);
+}
+
+/// Asks about unsaved changes. False when the user wanted them saved and they were not: the command
+/// then ends with the card still open.
+bool settle_changes(std::string_view question, int flags) {
+    if (!session.cardModified)
+        return true;
+    if (MsgBox(question, flags, " Korttimalli tallentamatta") != Answer::yes)
+        return true;
+    cmdTallenna_Click();
+    return !session.cardModified;
+}
+
+void show_file_in_title() {
+    fEditor->Caption = session.appTitle + " - " + session.cardFile;
+}
+
+/// What new and opened cards have in common once the surface stands.
+void bring_up_card() {
+    show_card_bars();
+    unlock_fields();
+    center_card();
+    upd_gg();
+    fEditor->cmb_field.ListIndex = 0;
+    FillLinkList();
+    command_state_of_rebuilt_card();
+    fEditor->focusTimer.Enabled = true;
+}
+
+/// The session without a card, behind a close and behind a card that could not be shown.
+void show_no_card() {
+    card.name = "";
+    card.color = colours::light_grey;
+    card.width = 250;
+    card.height = 250;
+    card.fields = 0;
+    clear_card_changed();
+    using enum Code;
+    UpdateCommandState(off, off, off, off, off, off);
+    fEditor->Caption = session.appTitle;
+    if (fEditor->cmd_fldBar.Checked)
+        cmd_fldBar_Click();
+    if (fEditor->cmd_proBar.Checked)
+        cmd_proBar_Click();
+    upd_sts();
+}
+
+/// Builds the surface; without it the session has no card.
+bool show_card() {
+    if (load_card())
+        return true;
+    show_no_card();
+    return false;
+}
+
+void make_blank_card() {
+    card.name = "Uusi";
+    card.color = colours::light_grey;
+    card.width = 250;
+    card.height = 250;
+    card.fields = 0;
+    card.STPP = Integer(host().metrics().TwipsPerPixelX);
+    card.ID = "";
+    session.needNewID = true;
+    session.cardFile.clear();
+    fEditor->Caption = session.appTitle + " - Uusi kortti";
+}
+
+void ask_name() {
+    auto const answer =
+        InputBox(lines({"Anna korttimallille kuvaava nimi.", "", "Tiedosto tulee näkymään kortti-",
+                        "mallien listalla antamallasi nimellä."}),
+                 " Uusi korttimalli", "Uusi");
+    if (!answer.empty())
+        fEditor->txt_name.Text = answer;
+}
+
+void new_card(int& step) {
+    fEditor->focusTimer.Enabled = false;
+    if (!settle_changes(" Tallennetaanko nykyinen korttimalli ennen uuden avaamista?     ",
+                        box::question + box::yes_no))
+        return;
+    step = 2;
+    make_blank_card();
+    step = 3;
+    if (!show_card())
+        return;
+    UpdDefVar();
+    if (!fEditor->cmd_stsBar.Checked)
+        cmd_stsBar_Click();
+    bring_up_card();
+    MarkCardChanged();
+    step = 4;
+    ask_name();
+}
+
+/// What the user chooses to open. Empty when it is nothing.
+std::string choose_file() {
+    return host().ShowOpen(
+        {".krt", "Korttimallit (*.krt)|*.krt|Kaikki tiedostot (*.*)|*.*", 0, 4102});
+}
+
+/// Reads cardFile into the records. When it is refused the records of the open card come back, so
+/// that what stands on the surface can still be saved.
+bool read_card() {
+    auto const card_before = card;
+    auto const fields_before = fields;
+    session.readFile = session.cardFile;
+    if (ReadCardFile(session.readFile))
+        return true;
+    card = card_before;
+    fields = fields_before;
+    return false;
+}
+
+void open_card(int& step) {
+    // It counts for this opening only, also when the opening ends at the question below.
+    auto const start_file = std::exchange(session.startFile, {});
+    if (!settle_changes(" Tallennetaanko nykyinen korttimalli ennen uuden avaamista?     ",
+                        box::warning + box::yes_no))
+        return;
+    step = 2;
+    auto const chosen = start_file.empty() ? choose_file() : start_file;
+    if (chosen.empty())
+        return;
+    session.cardFile = chosen;
+    step = 3;
+    session.cardFolder = folder_part(session.cardFile);
+    step = 4;
+    if (!read_card())
+        return;
+    step = 5;
+    if (!show_card())
+        return;
+    step = 6;
+    session.needNewID = false;
+    SaveCardBefore();
+    UpdateLastFiles(session.cardFile);
+    UpdDefVar();
+    step = 7;
+    fEditor->lst_value.Visible = false;
+    fEditor->lst_fontSize.Visible = false;
+    clear_card_changed();
+    show_file_in_title();
+    step = 8;
+    bring_up_card();
+    upd_sts();
+}
+
+void save_card(int& step) {
+    using Check = bool (*)();
+    constexpr std::pair<int, Check> checks[] = {
+        {2, chk_nodata}, {3, chk_nolink}, {4, chk_maxdata}, {5, chk_selots}, {55, chk_sameots}};
+
+    update_links();
+    for (auto const& [number, check] : checks) {
+        step = number;
+        if (!check())
+            return;
+    }
+    step = 6;
+    if (Trim(session.cardFile).empty()) {
+        cmdTallennaNimella_Click();
+        return;
+    }
+    step = 7;
+    upd_tabIndex();
+    card.editDate = Today();
+    card.STPP = Integer(host().metrics().TwipsPerPixelX);
+    if (!session.needNewID)
+        CompareCards();
+    if (session.needNewID)
+        card.ID = GetNewID();
+    step = 8;
+    if (!SaveCardFile())
+        return;
+    show_file_in_title();
+    step = 9;
+    clear_card_changed();
+}
+
+void close_card() {
+    if (!settle_changes(" Tallennetaanko nykyinen korttimalli ennen sulkemista?     ",
+                        box::question + box::yes_no))
+        return;
+    unload_card_form();
+    show_no_card();
+}
+
+/// Runs a command's steps. A cancelled dialog ends it quietly; any other failure has its box.
+template <class Steps, class Report>
+void run_command(Steps const& steps, Report const& report) {
+    int step = 1;
+    try {
+        steps(step);
+    } catch (RuntimeError const& error) {
+        if (!error.is(ErrorNumber::cancelled))
+            report(error, step);
+    }
+}
+
+std::string failure_code(std::string_view command, RuntimeError const& error, int step) {
+    return " Virhekoodi: " + std::string(command) + " E" + std::to_string(error.number()) +
+           step_of(step);
+}
+
+} // namespace
+
+void cmd_new_Click() {
+    run_command(new_card, [](RuntimeError const& error, int step) {
+        standard_report(" Uuden korttimallin luominen aiheutti virheen     ", error,
+                        lines({failure_code("P10", error, step),
+                               " Uuden korttimallin luominen on keskeytetty.     "}));
+    });
+}
+
+void cmd_open_Click() {
+    run_command(open_card, [](RuntimeError const& error, int step) {
+        standard_report(" Korttimallin avaaminen aiheutti virheen     ", error,
+                        failure_code("P11", error, step));
+    });
+}
+
+void cmdTallenna_Click() {
+    run_command(save_card, [](RuntimeError const& error, int step) {
+        standard_report(" Korttimallin tallentaminen aiheutti virheen     ", error,
+                        lines({"  (S" + std::to_string(step) + ")     ",
+                               " Korttimallin tallentaminen on keskeytetty.     "}));
+    });
+}
+
+void cmdTallennaNimella_Click() {
+    try {
+        auto const chosen = host().ShowSave(
+            {".krt", "Korttimalli tiedostot (*.krt)|*.krt|Kaikki tiedostot (*.*)|*.*", 0, 6150});
+        if (chosen.empty())
+            return;
+        session.cardFile = chosen;
+        cmdTallenna_Click();
+    } catch (RuntimeError const& error) {
+        if (!error.is(ErrorNumber::cancelled))
+            MsgBox(lines({error.text(), support_lines()}), box::warning,
+                   " Virhe tiedoston tallennuksessa...");
+    }
+}
+
+void cmd_close_Click() {
+    close_card();
+}
+
+void lastFile_Click(int index) {
+    session.startFile = fEditor->lastFile(index).Caption;
+    cmd_open_Click();
+}
+
+} // namespace kehystin

@@ -1,0 +1,185 @@
+#include "cardfile/save_checks.h"
+
+#include "commands/failure_report.h"
+#include "forms/card_form.h"
+#include "model/card.h"
+#include "platform/host.h"
+#include "surface/visuals.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace kehystin {
+
+namespace {
+
+constexpr int most_columns = 50;
+constexpr int narrowest_label = 25; // pixels
+
+using Numbers = std::vector<int>;
+
+TextControl& visual_of(int number) {
+    return fCard->visual(kind_of(field(number).style)->style, number);
+}
+
+void mark(Numbers const& marked) {
+    for (int const number : marked) {
+        // A transparent title would not show its colour.
+        if (field(number).is_title())
+            fCard->ots(number).BackStyle = int(BackStyle::opaque);
+        visual_of(number).BackColor = colours::red;
+    }
+}
+
+void unmark(Numbers const& marked) {
+    for (int const number : marked) {
+        auto const& kind = *kind_of(field(number).style);
+        visual_of(number).BackColor = shows_card_colour(kind) && kind.style != Style::OTS
+                                          ? card.color
+                                          : field(number).backColor;
+        if (kind.style == Style::OTS && card.transp != 0)
+            fCard->ots(number).BackStyle = int(BackStyle::transparent);
+    }
+}
+
+/// Asks about the marked fields.
+Answer ask(Numbers const& marked, std::string_view text, int flags, std::string_view title) {
+    mark(marked);
+    auto const answer = MsgBox(text, flags, title);
+    unmark(marked);
+    return answer;
+}
+
+/// A title that has data fields. Trims its list.
+bool is_linked_title(Field& one) {
+    return one.is_title() && !one.list.trim().empty();
+}
+
+bool is_meant_to_be_linked(Field& one) {
+    return one.is_title() && one.value.trim() != "NOLINK";
+}
+
+template <class Test>
+Numbers fields_that(Test const& test) {
+    Numbers found;
+    for (int i = 1; i <= card.fields; ++i)
+        if (test(field(i)))
+            found.push_back(i);
+    return found;
+}
+
+} // namespace
+
+bool chk_nodata() {
+    auto const found =
+        fields_that([](Field& one) { return !one.is_title() && one.group.trim().empty(); });
+    if (found.empty())
+        return true;
+    ask(found,
+        lines({" Kortilta löytyi datakenttiä joita ei ole linkitetty     ",
+               " mihinkään otsikkokenttään (merkitty punaisella).    ", "",
+               " Poista punaiset datakentät tai linkitä ne johonkin",
+               " otsikkoon lisäämällä kortille uusia otsikkokenttiä     ",
+               " tai siirtämällä nykyisiä lähemmäs datakenttää.     ", "",
+               " Korttia ei voi tallentaa ennenkuin kaikki datakentät     ",
+               " on linkitetty johonkin otsikkokenttään."}),
+        box::warning, " Linkittämättömiä datakenttiä");
+    return false;
+}
+
+bool chk_nolink() {
+    auto const found =
+        fields_that([](Field& one) { return is_meant_to_be_linked(one) && !is_linked_title(one); });
+    if (found.empty())
+        return true;
+    auto const answer =
+        ask(found,
+            lines({" Kortilta löytyi linkitettäväksi määriteltyjä otsikkokenttiä, joita     ",
+                   " ei ole linkitetty mihinkään datakenttään (merkitty punaisella).    ", "",
+                   " Nämä otsikkokentät voidaan jättää linkittämättä muuttamalla ",
+                   " niiden ominaisuus Linkitettävä arvoon Ei.", "",
+                   " Haluatko jättää kyseiset otsikkokentät linkittämättä?"}),
+            box::information + box::ok_cancel, " Linkittämättömiä otsikkokenttiä");
+    if (answer == Answer::cancel)
+        return false;
+    for (int const number : found)
+        field(number).value = "NOLINK";
+    return true;
+}
+
+bool chk_maxdata() {
+    auto const count = std::ssize(fields_that(is_linked_title));
+    if (count <= most_columns)
+        return true;
+    auto const answer =
+        MsgBox(lines({" Kortilla on tällä hetkellä " + Format(static_cast<double>(count)) +
+                          " sarakekenttää.     ",
+                      "", " (sarakekenttä = otsikkokenttä, joka on linkitetty     ",
+                      " yhteen tai useampaan datakenttään ja joka     ",
+                      " muodostaa rekisterissä oman sarakkeensa)", "",
+                      " Yli 50 menevien sarakekenttien leveyksiä, eikä     ",
+                      " tulostettavia sarakkeita voida tallentaa muistiin.     ", "",
+                      " Suositus on pitää sarakemäärä alle 50 sarakkeessa.     ", "",
+                      " Haluatko säilyttää kaikki sarakekentät kortilla?     "}),
+               box::warning + box::yes_no, " Sarakekenttien suositusmäärä ylitetty!");
+    return answer != Answer::no;
+}
+
+bool chk_selots() {
+    auto const found = fields_that([](Field& one) {
+        bool const labelled = one.style == int(Style::CHK) || one.style == int(Style::OPT);
+        return labelled && (one.caption.trim().empty() || one.width < narrowest_label);
+    });
+    if (found.empty())
+        return true;
+    auto const answer =
+        ask(found,
+            lines({" Kortilta löytyi valinta-/vaihtoehtokenttiä, joille ei     ",
+                   " ole annettu otsikkoa tai joiden otsikko ei näy koska     ",
+                   " kentän leveys on liian pieni (merkitty punaisella).    ", "",
+                   " Anna kullekin valinta-/vaihtoehtokentälle näkyvä       ",
+                   " otsikko ja linkitä ne yhteisen pääotsikon alle.     ", "",
+                   " Jos jätät kentät ilman näkyviä otsikoita, ei niiden ",
+                   " sisältämä tieto välttämättä näy rekisterissä. ", "",
+                   " Haluatko jättää kyseiset kentät ilman otsikoita?"}),
+            box::information + box::yes_no + box::second_default, " Nimettömiä kenttiä");
+    return answer == Answer::yes;
+}
+
+bool chk_sameots() {
+    auto const caption_of = [](int number) { return UCase(field(number).caption.trim()); };
+    Numbers found;
+    for (int i = 1; i < card.fields; ++i) {
+        if (!is_meant_to_be_linked(field(i)) || !is_linked_title(field(i)))
+            continue;
+        auto const caption = caption_of(i);
+        for (int j = i + 1; j <= card.fields; ++j)
+            if (is_linked_title(field(j)) && caption_of(j) == caption) {
+                found.push_back(i);
+                found.push_back(j);
+            }
+    }
+    if (found.empty())
+        return true;
+    auto const answer =
+        ask(found,
+            lines({" Kortilta löytyi samannimisiä otsikoita (merkitty punaisella).    ", "",
+                   " Useat Norvakin toiminnoista perustuvat tietyn kentän valintaan     ",
+                   " sen otsikon perusteella. Jos kortti sisältää useita samannimisiä     ",
+                   " otsikoita, voi halutun kentän valinta aiheuttaa vaikeuksia.     ", "",
+                   " Kenttävalinnan helpottamiseksi on suositeltavaa antaa kullekin     ",
+                   " linkitetylle otsikkokentälle yksilöllinen otsikko.", "",
+                   " Haluatko siitä huolimatta käyttää samannimisiä otsikoita?"}),
+            box::information + box::yes_no + box::second_default, " Samannimisiä otsikoita");
+    return answer == Answer::yes;
+}
+
+void order_nolink() {
+    for (int i = 1; i < card.fields; ++i) {
+        auto const place = fields.begin() + i;
+        if (place->is_title() && place->is_nolink())
+            std::rotate(fields.begin() + 1, place, place + 1);
+    }
+}
+
+} // namespace kehystin

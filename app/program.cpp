@@ -1,0 +1,34 @@
+#include "app/program.h"
+
+#include "app/start.h"
+#include "app/wiring.h"
+#include "commands/failure_report.h"
+#include "commands/menu_table.h"
+#include "forms/card_form.h"
+#include "forms/editor_form.h"
+#include "model/session.h"
+
+namespace kehystin {
+
+Program::Program(platform::Host& host) : system_(host) {
+    reset_session();
+    system_.on_failure = [](RuntimeError const& error) {
+        standard_report(" Toiminnon suorittaminen aiheutti virheen     ", error);
+    };
+}
+
+Program::~Program() {
+    fTip.reset();
+    fCard.reset();
+    fEditor.reset();
+}
+
+void Program::Main() {
+    fEditor = std::make_unique<EditorForm>();
+    wire_editor_form(); // first: elements that build_menus loads take over their prototype's
+                        // handlers
+    build_menus();
+    System::at_edge(MDIForm_Load);
+}
+
+} // namespace kehystin

@@ -1,0 +1,13 @@
+// Fits the panel to the height of the main window.
+#pragma once
+
+namespace kehystin {
+
+/// Waits until the window is tall enough, then sizes the rows' area, shows the scroll bar if the
+/// rows need it, and centres the card.
+void paintTimer_Timer();
+
+/// Scrolls the rows.
+void scr_pro_Change();
+
+} // namespace kehystin

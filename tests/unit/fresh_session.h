@@ -1,0 +1,86 @@
+// A fresh session on the scripted host, in a folder of its own that goes with it.
+#pragma once
+
+#include "app/program.h"
+#include "cardfile/document_commands.h"
+#include "forms/card_form.h"
+#include "forms/editor_form.h"
+#include "model/card.h"
+#include "model/session.h"
+#include "tests/scenario/scripted_host.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace kehystin {
+
+class Folder {
+  public:
+    Folder() {
+        auto pattern = (std::filesystem::temp_directory_path() / "kehystin-XXXXXX").string();
+        path_ = std::string(mkdtemp(pattern.data())) + "/";
+        std::filesystem::create_directory(path_ + "windows");
+        std::filesystem::create_directory(path_ + "program");
+    }
+    ~Folder() { std::filesystem::remove_all(path_); }
+    Folder(Folder const&) = delete;
+    Folder& operator=(Folder const&) = delete;
+
+    std::string operator/(std::string_view name) const { return path_ + std::string(name); }
+    std::string const& path() const { return path_; }
+
+  private:
+    std::string path_;
+};
+
+inline std::string bytes_of(std::string const& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline void put_bytes(std::string const& path, std::string_view bytes) {
+    std::ofstream(path, std::ios::binary).write(bytes.data(), std::ssize(bytes));
+}
+
+class FreshSession : public testing::Test {
+  protected:
+    /// Opens a file of the folder as a user would, answering nothing.
+    void open(std::string const& path) {
+        session.startFile = path;
+        cmd_open_Click();
+    }
+    void start() { program.Main(); }
+
+    Folder folder;
+    scenario::ScriptedHost host{folder.path()};
+    Program program{host};
+};
+
+/// Puts a field at the end of the card in memory.
+inline Field& add_field(Style style, int left, int top, int width, int height,
+                        std::string_view caption = "") {
+    card.fields += 1;
+    fields.resize(static_cast<std::size_t>(int{card.fields}) + 1);
+    auto& one = field(card.fields);
+    one = Field{};
+    one.style = static_cast<int>(style);
+    one.caption = caption;
+    for (auto* const text : {&one.group, &one.caption})
+        text->trim();
+    one.list = "";
+    one.value = "";
+    one.left = left;
+    one.top = top;
+    one.width = width;
+    one.height = height;
+    one.fontName = "MS Sans Serif";
+    one.fontSize = 8;
+    one.size = 1;
+    return one;
+}
+
+} // namespace kehystin

@@ -1,0 +1,72 @@
+#include "platform/files.h"
+
+#include "platform/errors.h"
+#include "tests/unit/fresh_session.h"
+
+#include <fcntl.h>
+
+namespace kehystin {
+
+class Files : public FreshSession {
+  protected:
+    std::vector<std::string> items_of(std::string_view bytes) {
+        put_bytes(folder / "items", bytes);
+        InputFile file(folder / "items");
+        std::vector<std::string> items;
+        while (!file.at_end())
+            items.emplace_back(file.next_item());
+        return items;
+    }
+};
+
+int error_of(auto const& work) {
+    try {
+        work();
+    } catch (RuntimeError const& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+TEST_F(Files, ItemsEndAtCommasAndLineEnds) {
+    using Items = std::vector<std::string>;
+    EXPECT_EQ(items_of("a,b\r\nc"), (Items{"a", "b", "c"}));
+    EXPECT_EQ(items_of("  a b  ,\t c\n"), (Items{"a b  ", "c"}));
+    EXPECT_EQ(items_of("a\rb\n\r\nc"), (Items{"a", "b", "", "c"}));
+    EXPECT_EQ(items_of(std::string_view("\0a,\"x,y\"", 8)),
+              (Items{std::string("\0a", 2), "\"x", "y\""}));
+    EXPECT_TRUE(items_of("").empty());
+}
+
+TEST_F(Files, ReadingPastTheEndRaises) {
+    put_bytes(folder / "one", "a");
+    InputFile file(folder / "one");
+    file.next_item();
+    EXPECT_EQ(error_of([&] { file.next_item(); }), 62);
+}
+
+TEST_F(Files, ErrorsHaveThePlatformsNumbers) {
+    EXPECT_EQ(error_of([&] { InputFile file(folder / "none"); }), 53);
+    EXPECT_EQ(error_of([&] { OutputFile file(folder / "none/x"); }), 76);
+    EXPECT_EQ(error_of([&] { OutputFile file(folder / "windows"); }), 75);
+    EXPECT_EQ(error_of([] { OutputFile("/dev/full").write("x"); }), 61);
+    EXPECT_EQ(error_of([] { file_exists(std::string("a\0b", 3)); }), 52);
+    put_bytes(folder / "plain", "");
+    EXPECT_EQ(error_of([&] { file_exists(folder / "plain/x"); }), 76);
+    EXPECT_FALSE(file_exists(folder / "none/x"));
+    EXPECT_FALSE(file_exists(folder / "windows"));
+    EXPECT_FALSE(names_a_file(std::string(5000, 'x')));
+}
+
+TEST_F(Files, AFileThatIsTooLargeIsRefused) {
+    EXPECT_EQ(error_of([] { InputFile file("/dev/zero"); }), 7);
+}
+
+TEST_F(Files, ARecordKeepsWhatStandsBehindIt) {
+    put_bytes(folder / "record", "abcdef");
+    write_record(folder / "record", {std::byte{'x'}, std::byte{'y'}});
+    EXPECT_EQ(bytes_of(folder / "record"), "xycdef");
+    EXPECT_EQ(read_record(folder / "record", 100).size(), 6U);
+}
+
+} // namespace kehystin

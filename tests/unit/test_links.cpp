@@ -1,0 +1,185 @@
+#include "links/title_search.h"
+
+#include "links/link_engine.h"
+#include "surface/load_card.h"
+#include "tests/unit/fresh_session.h"
+
+#include <random>
+
+namespace kehystin {
+
+namespace {
+
+/// The choice in its plainest form: each candidate against all eligible titles behind it.
+int plain_choice(Field const& data) {
+    auto const eligible = [&](int t) {
+        auto const& title = field(t);
+        return title.is_title() && !title.is_nolink() && data.left - title.right() <= 120 &&
+               data.right() >= title.left && title.top <= data.bottom();
+    };
+    for (int k = 1; k <= card.fields; ++k) {
+        if (!eligible(k))
+            continue;
+        bool lost = false;
+        for (int m = k + 1; m <= card.fields && !lost; ++m)
+            lost = eligible(m) && link_distance(field(k), data) > link_distance(field(m), data);
+        if (!lost)
+            return k;
+    }
+    return 0;
+}
+
+} // namespace
+
+class Links : public FreshSession {
+  protected:
+    void SetUp() override { start(); }
+
+    void show() {
+        card.width = 1000;
+        card.height = 1000;
+        ASSERT_TRUE(load_card());
+    }
+    std::string list_of(int title) { return field(title).list.trimmed(); }
+    std::string group_of(int data) { return field(data).group.trimmed(); }
+};
+
+TEST_F(Links, TheChoiceIsThatOfAllPairsOnRandomCards) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 200; ++round) {
+        card.fields = 0;
+        for (int i = 0; i < 40; ++i) {
+            auto const at = [&](int limit) { return static_cast<int>(random() % unsigned(limit)); };
+            auto& one = add_field(at(2) ? Style::OTS : Style::TXT, at(300), at(300), 10 + at(90),
+                                  10 + at(30));
+            if (one.is_title() && at(8) == 0)
+                one.value = "NOLINK";
+        }
+        TitleSearch const search(120);
+        for (int i = 1; i <= card.fields; ++i)
+            if (!field(i).is_title()) {
+                ASSERT_EQ(search.nearest_to(field(i)), plain_choice(field(i)));
+            }
+    }
+}
+
+TEST_F(Links, ReachAndTouchingEdges) {
+    add_field(Style::OTS, 10, 10, 50, 16, "Nimi");
+    auto const linked_at = [](int left, int top) {
+        card.fields = 1;
+        auto const& data = add_field(Style::TXT, left, top, 50, 20);
+        return TitleSearch(120).nearest_to(data) == 1;
+    };
+    EXPECT_TRUE(linked_at(180, 10));
+    EXPECT_FALSE(linked_at(181, 10));
+    EXPECT_TRUE(linked_at(10, 900));
+    EXPECT_TRUE(linked_at(-40, 10));
+    EXPECT_FALSE(linked_at(-41, 10));
+    EXPECT_TRUE(linked_at(70, -10));
+    EXPECT_FALSE(linked_at(70, -11));
+}
+
+TEST_F(Links, OfEqualDistancesTheLowerNumberWins) {
+    add_field(Style::OTS, 200, 10, 50, 16);
+    add_field(Style::OTS, 10, 10, 240, 16);
+    EXPECT_EQ(TitleSearch(120).nearest_to(add_field(Style::TXT, 100, 40, 200, 20)), 1);
+}
+
+TEST_F(Links, AnOverlapIsNearerThanAnythingAbove) {
+    add_field(Style::OTS, 100, 60, 50, 16);
+    add_field(Style::OTS, 100, 70, 50, 16);
+    EXPECT_EQ(TitleSearch(120).nearest_to(add_field(Style::TXT, 100, 80, 60, 20)), 2);
+    EXPECT_EQ(link_distance(field(2), field(3)), -6);
+}
+
+TEST_F(Links, DistanceOfATitleUpAndLeftIsRoundedToEven) {
+    Field const title = add_field(Style::OTS, 0, 0, 10, 10);
+    EXPECT_EQ(link_distance(title, add_field(Style::TXT, 13, 14, 10, 10)), 5);
+    EXPECT_EQ(link_distance(title, add_field(Style::TXT, 11, 12, 10, 10)), 2);
+    EXPECT_EQ(link_distance(title, add_field(Style::TXT, 40, 10, 10, 10)), 30);
+}
+
+TEST_F(Links, RecordsAndLinesFollowTheChoice) {
+    add_field(Style::OTS, 10, 10, 50, 15, "Nimi");
+    add_field(Style::TXT, 100, 10, 100, 21);
+    add_field(Style::TXT, 100, 40, 100, 21);
+    add_field(Style::OTS, 10, 200, 300, 16, "Osoite");
+    add_field(Style::TXT, 5, 220, 100, 21);
+    add_field(Style::TXT, 900, 5, 50, 21);
+    field(6).linkki = 4;
+    show();
+    EXPECT_EQ(list_of(1), "2|3");
+    EXPECT_EQ(group_of(3), "Nimi");
+    EXPECT_EQ(list_of(4), "5");
+    EXPECT_EQ(session.link_count, 3);
+    // Without a title the memory of the last link stays; the empty group tells.
+    EXPECT_EQ(group_of(6), "");
+    EXPECT_EQ(field(6).linkki, 4);
+
+    auto const& beside = fCard->link(1);
+    EXPECT_EQ(beside.X1, 61);
+    EXPECT_EQ(beside.Y1, 10 + 7.5 + 1);
+    EXPECT_EQ(beside.X2, 99);
+    EXPECT_EQ(beside.Y2, 10 + 10.5);
+    auto const& below = fCard->link(3);
+    EXPECT_EQ(below.X1, 9);
+    EXPECT_EQ(below.Y1, 217);
+    EXPECT_EQ(below.X2, 9);
+    EXPECT_EQ(below.Y2, 219);
+}
+
+TEST_F(Links, AManualLinkIsTakenAsItStands) {
+    add_field(Style::OTS, 10, 10, 50, 16, "Kaukana");
+    field(1).value = "NOLINK";
+    auto& data = add_field(Style::TXT, 900, 900, 50, 20);
+    data.linkitys = true;
+    data.linkki = 1;
+    auto& drop_down = add_field(Style::CMB, 500, 500, 50, 20, "Ryhmä");
+    drop_down.list = "a|b|";
+    drop_down.linkitys = true;
+    drop_down.linkki = 3;
+    show();
+    EXPECT_EQ(list_of(1), "2");
+    EXPECT_EQ(group_of(2), "Kaukana");
+    // A link to a data field has its line but leaves the rows of a drop-down alone.
+    EXPECT_EQ(session.link_count, 2);
+    EXPECT_EQ(group_of(3), "Ryhmä");
+    EXPECT_EQ(list_of(3), "a|b|");
+}
+
+TEST_F(Links, ABadManualLinkEndsTheRunWithItsBox) {
+    for (int const number : {0, 5, -1}) {
+        card.fields = 0;
+        add_field(Style::OTS, 10, 10, 50, 16, "Nimi");
+        add_field(Style::TXT, 100, 10, 50, 20);
+        auto& bad = add_field(Style::TXT, 100, 40, 50, 20);
+        bad.linkitys = true;
+        bad.linkki = number;
+        add_field(Style::TXT, 100, 70, 50, 20).group = "Vanha";
+        host.answers.push_back(Answer::ok);
+        show();
+        EXPECT_EQ(host.boxes.back().text.find(" Linkkien päivitys aiheutti virheen     "), 0U);
+        EXPECT_EQ(session.link_count, 1);
+        EXPECT_EQ(list_of(1), "2|");
+        EXPECT_EQ(group_of(4), "");
+    }
+}
+
+TEST_F(Links, ASumBeyondSixteenBitsEndsTheRunWithItsBox) {
+    add_field(Style::OTS, 32000, 10, 1000, 16, "Nimi");
+    add_field(Style::TXT, 100, 10, 50, 20);
+    host.answers.push_back(Answer::ok);
+    show();
+    EXPECT_NE(host.boxes.back().text.find("(6)  Ylivuoto"), std::string::npos);
+}
+
+TEST_F(Links, AListThatIsFullIsCutInTheMiddleOfANumber) {
+    add_field(Style::OTS, 0, 0, 900, 16, "Kaikki");
+    for (int i = 0; i < 150; ++i)
+        add_field(Style::TXT, 0, 20 + i, 50, 20);
+    show();
+    EXPECT_EQ(session.link_count, 150);
+    EXPECT_EQ(list_of(1).size(), 400U);
+}
+
+} // namespace kehystin

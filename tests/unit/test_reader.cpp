@@ -1,0 +1,340 @@
+#include "cardfile/reader.h"
+
+#include "cardfile/format.h"
+#include "cardfile/writer.h"
+#include "tests/unit/fresh_session.h"
+
+#include <cstring>
+
+namespace kehystin {
+
+class Reader : public FreshSession {
+  protected:
+    void SetUp() override {
+        start();
+        // A card with two fields, as the writer makes it.
+        card.name = "Koe";
+        card.width = 400;
+        card.height = 300;
+        card.STPP = 15;
+        card.picture = "";
+        card.asiakasMin = 1;
+        card.asiakasMax = 1000;
+        card.asiakasStep = 1;
+        card.asiakasNum = 4;
+        card.editDate = to_date({2004, 5, 1});
+        add_field(Style::OTS, 10, 10, 100, 16, "Nimi");
+        add_field(Style::TXT, 120, 10, 100, 21).linkki = 1;
+        session.cardFile = folder / "kortti.krt";
+        ASSERT_TRUE(SaveCardFile());
+        text = bytes_of(session.cardFile);
+    }
+
+    /// Replaces the line of a key; an empty line takes it away.
+    void replace_line(std::string_view key, std::string_view line) {
+        auto const start = text.find("\n" + std::string(key) + "=") + 1;
+        ASSERT_NE(start, 0U) << key;
+        auto const end = text.find('\n', start) + 1;
+        text.replace(start, end - start, line.empty() ? "" : std::string(line) + "\r\n");
+    }
+    void value(std::string_view key, std::string_view new_value) {
+        replace_line(key, std::string(key) + "=" + std::string(new_value));
+    }
+    bool read() {
+        put_bytes(folder / "kortti.krt", text);
+        host.boxes.clear();
+        return ReadCardFile(folder / "kortti.krt");
+    }
+    bool read(std::initializer_list<Answer> answers) {
+        for (auto const answer : answers)
+            host.answers.push_back(answer);
+        return read();
+    }
+    bool report_has(std::string_view row) {
+        return !host.boxes.empty() &&
+               host.boxes.back().text.find("\r\n" + std::string(row) + "\r\n") != std::string::npos;
+    }
+
+    std::string text;
+};
+
+TEST_F(Reader, WhatWasWrittenReadsBackTheSame) {
+    auto const card_before = card;
+    auto const fields_before = fields;
+    card = {};
+    ASSERT_TRUE(read());
+    EXPECT_TRUE(host.boxes.empty());
+    EXPECT_EQ(std::memcmp(&card_before.name, &card.name, sizeof card.name), 0);
+    EXPECT_EQ(card.editDate, card_before.editDate);
+    for (auto const& member : field_members())
+        if (std::holds_alternative<Integer*>(member.ref(fields[2]))) {
+            EXPECT_EQ(*std::get<Integer*>(member.ref(fields[2])),
+                      *std::get<Integer*>(member.ref(const_cast<Field&>(fields_before[2]))))
+                << member.name;
+        }
+    EXPECT_EQ(field(1).caption.trimmed(), "Nimi");
+}
+
+TEST_F(Reader, AnUnknownFileLeavesTheRecordsAlone) {
+    for (auto const* const bytes : {"", "hei", "Norvak\r\nCardfile", "\0\0\0"}) {
+        text = bytes;
+        EXPECT_FALSE(read({Answer::ok}));
+        EXPECT_EQ(host.boxes.back().title, " Tuntematon tiedostomuoto   ");
+        EXPECT_EQ(card.fields, 2);
+    }
+    EXPECT_FALSE(ReadCardFile(folder / "puuttuu.krt"));
+    EXPECT_EQ(host.boxes.size(), 1U);
+}
+
+TEST_F(Reader, TheBannerMayStandAnywhereInAnyCase) {
+    text.erase(0, text.find("[CARD]"));
+    text.insert(0, "roskaa, xcardFILE of norVAKx\n");
+    EXPECT_TRUE(read());
+    EXPECT_EQ(card.fields, 2);
+}
+
+TEST_F(Reader, KeysInAnotherOrderAreFound) {
+    auto const fields_at = text.find("field(1)");
+    auto const tail = text.substr(fields_at);
+    text.erase(fields_at);
+    text.insert(text.find("[CARD]"), tail);
+    EXPECT_TRUE(read());
+    EXPECT_EQ(field(2).left, 120);
+    EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(Reader, TheSearchGoesOnFromTheLastKeyAndOnceAround) {
+    // Behind the first field's lines its caption stands again: the search takes the first from
+    // where it is. Before them a second `size` of field 2 stands: found only on the way around.
+    text.insert(text.find("field(1).style"), "field(2).size=77\r\n");
+    text.insert(text.find("field(1).group"), "field(1).group=toinen\r\n");
+    EXPECT_TRUE(read());
+    EXPECT_EQ(field(1).group.trimmed(), "toinen");
+    EXPECT_EQ(field(2).size, 1);
+    replace_line("field(2).caption", "field(2).caption=x field(2).size=9");
+    EXPECT_TRUE(read());
+    EXPECT_EQ(field(2).caption.trimmed(), "x field(2).size=9");
+    EXPECT_EQ(field(2).size, 1);
+    text.insert(text.find("field(2).size=1\r"), "field(2).group= field(2).size=5\r\n");
+    // That item holds the key too, and its value begins behind its first "=".
+    EXPECT_TRUE(read({Answer::yes}));
+    EXPECT_TRUE(report_has("field(2).size:  0  ->  1     (1 - 30000)"));
+}
+
+TEST_F(Reader, ACaptionWithAKeyInItAnswersForTheKey) {
+    // The value is what stands behind the first "=".
+    replace_line("field(1).caption", "field(1).caption=Nimi, field(1).size=7");
+    replace_line("field(1).size", "");
+    EXPECT_TRUE(read());
+    EXPECT_EQ(field(1).caption.trimmed(), "Nimi");
+    EXPECT_EQ(field(1).size, 7);
+}
+
+TEST_F(Reader, KeysOfLaterVersionsHaveDefaults) {
+    for (auto const* const key : {"align", "scaling", "border", "linkitys", "linkki"})
+        for (auto const* const number : {"1", "2"})
+            replace_line("field(" + std::string(number) + ")." + key, "");
+    for (auto const* const key :
+         {"STPP", "ID", "fldSpeci(3)", "dateStyle(4)", "asiakasStyle", "asiakasMin", "asiakasMax",
+          "asiakasStep", "asiakasNum", "asiakasZero", "autoZip", "editDate"})
+        replace_line("card." + std::string(key), "");
+    EXPECT_TRUE(read());
+    EXPECT_TRUE(host.boxes.empty());
+    EXPECT_EQ(field(2).align, 0);
+    EXPECT_EQ(field(2).scaling, 1);
+    EXPECT_EQ(field(2).border, 1);
+    EXPECT_EQ(field(2).linkki, 0);
+    EXPECT_EQ(card.STPP, 15);
+    EXPECT_EQ(card.dateStyle[4], 1);
+    EXPECT_EQ(card.asiakasMax, 1000);
+    EXPECT_EQ(card.asiakasNum, 4);
+    EXPECT_TRUE(static_cast<bool>(card.asiakasZero));
+    EXPECT_EQ(card.editDate, Today());
+}
+
+TEST_F(Reader, EachOtherMissingKeyAsksItsOwnQuestion) {
+    replace_line("field(1).left", "");
+    replace_line("field(2).value", "");
+    EXPECT_TRUE(read({Answer::yes, Answer::yes}));
+    EXPECT_EQ(host.boxes[0].title, " Muuttuja puuttuu");
+    EXPECT_EQ(host.boxes[0].text, " Muuttuja \"field(1).left\" ei löydy tiedostosta " +
+                                      (folder / "kortti.krt") +
+                                      "     \r\n\r\n Haluatko jatkaa tiedoston lataamista muilta "
+                                      "osin?     \r\n");
+    EXPECT_EQ(host.boxes[0].flags, 52);
+    EXPECT_EQ(field(1).left, 0);
+    EXPECT_FALSE(read({Answer::yes, Answer::no}));
+    EXPECT_EQ(host.boxes.size(), 2U);
+}
+
+struct Repaired {
+    std::string_view key;
+    std::string_view bad;
+    std::string_view row; ///< empty: repaired silently
+    std::string_view good;
+};
+
+void PrintTo(Repaired const& test, std::ostream* out) {
+    *out << test.key << "=" << test.bad;
+}
+
+class RepairedValues : public Reader, public testing::WithParamInterface<Repaired> {};
+
+TEST_P(RepairedValues, AreStoredAndTold) {
+    auto const& test = GetParam();
+    value(test.key, test.bad);
+    if (test.row.empty()) {
+        ASSERT_TRUE(read());
+        EXPECT_TRUE(host.boxes.empty());
+    } else {
+        ASSERT_TRUE(read({Answer::yes}));
+        EXPECT_TRUE(report_has(test.row)) << host.boxes.back().text;
+    }
+    session.cardFile = folder / "korjattu.krt";
+    ASSERT_TRUE(SaveCardFile());
+    auto const line = "\n" + std::string(test.key) + "=" + std::string(test.good) + "\r";
+    EXPECT_NE(bytes_of(session.cardFile).find(line), std::string::npos);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, RepairedValues,
+    testing::Values(
+        Repaired{"card.width", "abc", "Korttimallin leveys:  0  ->  300     (60 - 3000)", "300"},
+        Repaired{"card.width", "59", "Korttimallin leveys:  59  ->  300     (60 - 3000)", "300"},
+        Repaired{"card.width", "99999", "card.width:  99999  ->  300     (60 - 3000)", "300"},
+        Repaired{"card.height", "99999", "Korttimallin korkeus:  31111  ->  300     (60 - 3000)",
+                 "300"},
+        Repaired{"card.height", "3000", "", "3000"},
+        Repaired{"card.transp", "1", "Kenttien läpinäkyvyys kortilla:  1  ->  -1     (0 tai -1)",
+                 "-1"},
+        Repaired{"card.STPP", "31", "", "15"}, Repaired{"card.ID", "lyhyt", "", ""},
+        Repaired{"card.fldSpeci(7)", "3", "", "0"}, Repaired{"card.fldSpeci(7)", "2", "", "2"},
+        Repaired{"card.dateStyle(2)", "5", "", "1"}, Repaired{"card.asiakasStyle", "-1", "", "1"},
+        Repaired{"card.asiakasMin", "0.5", "", "1"}, Repaired{"card.asiakasMax", "1", "", "101"},
+        Repaired{"card.asiakasStep", "10000", "", "1"}, Repaired{"card.asiakasNum", "21", "", "4"},
+        Repaired{"card.asiakasZero", "5", "", "-1"}, Repaired{"card.autoZip", "0", "", "0"},
+        Repaired{"card.editDate", "31.12.2999", "", "17.5.2004"},
+        Repaired{"card.editDate", "eilen", "", "17.5.2004"},
+        Repaired{"card.color", "-2147483633", "", "-2147483633"},
+        Repaired{"field(1).style", "8", "field(1).style:  8  ->  0     (0 - 7)", "0"},
+        Repaired{"field(2).size", "0", "field(2).size:  0  ->  1     (1 - 30000)", "1"},
+        Repaired{"field(2).size", "-99999", "field(2).size:  31111  ->  1     (1 - 30000)", "1"},
+        Repaired{"field(2).left", "401", "field(2).left:  401  ->  20     (1 - kortin leveys)",
+                 "20"},
+        Repaired{"field(2).left", "400", "", "400"},
+        Repaired{"field(2).top", "-1", "field(2).top:  -1  ->  20     (1 - kortin korkeus)", "20"},
+        Repaired{"field(2).width", "700", "", "700"},
+        Repaired{"field(2).width", "701", "field(2).width:  701  ->  100     (1 - kortin leveys)",
+                 "100"},
+        Repaired{"field(2).height", "0", "field(2).height:  0  ->  25     (1 - kortin korkeus)",
+                 "25"},
+        Repaired{"field(2).fontName", "Outo Fontti", "", "MS Sans Serif"},
+        Repaired{"field(2).fontName", "Tahoma", "", "Tahoma"},
+        Repaired{"field(2).fontSize", "33", "field(2).fontSize:  33  ->  8     (4 - 32)", "8"},
+        Repaired{"field(2).fontBold", "7", "field(2).fontBold:  7  ->  0     (0 tai -1)", "0"},
+        Repaired{"field(2).tabIndex", "991", "", "0"},
+        Repaired{"field(2).tabIndex", "99999", "", "0"}, Repaired{"field(2).align", "3", "", "0"},
+        Repaired{"field(2).scaling", "4", "", "0"}, Repaired{"field(2).border", "-1", "", "0"},
+        Repaired{"field(2).border", "1.5", "", "2"}, Repaired{"field(2).linkitys", "7", "", "-1"},
+        Repaired{"field(2).linkki", "3", "", "0"}));
+
+TEST_F(Reader, LongTextsAreCutAndTold) {
+    std::string const caption(101, 'x');
+    value("field(1).caption", caption);
+    value("card.name", std::string(51, 'y'));
+    ASSERT_TRUE(read({Answer::yes}));
+    EXPECT_TRUE(report_has("field(1 ).caption:  " + caption + "  ->  " + caption.substr(1) +
+                           "     (max 100 merkkiä)"));
+    EXPECT_TRUE(report_has("Korttimallin nimi:  " + std::string(51, 'y') + "  ->  " +
+                           std::string(50, 'y') + "     (max 50 merkkiä)"));
+    EXPECT_EQ(host.boxes.back().text.find(folder / "kortti.krt"), 0U);
+    EXPECT_FALSE(read({Answer::no}));
+}
+
+TEST_F(Reader, TooManyFieldsGiveAnEmptyCard) {
+    value("card.fields", "301");
+    ASSERT_TRUE(read({Answer::yes}));
+    EXPECT_EQ(card.fields, 0);
+    EXPECT_EQ(fields.size(), 1U);
+}
+
+TEST_F(Reader, ANumberThatFitsNoTypeEndsTheReading) {
+    for (auto const* const key : {"field(2).foreColor", "card.asiakasMin"}) {
+        auto const before = text;
+        value(key, "1e99");
+        EXPECT_FALSE(read({Answer::ok}));
+        EXPECT_NE(host.boxes.back().text.find("(6)  Ylivuoto"), std::string::npos);
+        text = before;
+    }
+}
+
+TEST_F(Reader, ThePlusOfAPictureStandsForTheCardsFolder) {
+    put_bytes(folder / "tausta.bmp", "x");
+    session.cardFolder = folder.path();
+    value("card.picture", "+tausta.bmp");
+    ASSERT_TRUE(read());
+    EXPECT_EQ(card.picture.trimmed(), folder / "tausta.bmp");
+}
+
+TEST_F(Reader, OneItemThatHoldsEveryKeyIsReadOnce) {
+    // All keys in one line of a megabyte: looking for its end again for each would take minutes.
+    text = "Norvak Cardfile\r\n=300 ";
+    for (auto const& member : card_members())
+        for (int i = member.first; i <= member.last; ++i)
+            text += card_key(member, i) + " ";
+    for (int i = 1; i <= 300; ++i)
+        for (auto const& member : field_members())
+            text += field_key(member, i) + " ";
+    text += std::string(800'000, 'x');
+    ASSERT_TRUE(read({Answer::yes, Answer::no, Answer::no}));
+    EXPECT_EQ(card.fields, 300);
+    EXPECT_EQ(field(300).left, 300);
+    EXPECT_LT(host.boxes.front().text.size(), 120'000U);
+}
+
+TEST_F(Reader, AMissingPictureIsAskedAbout) {
+    value("card.picture", "puuttuu.bmp");
+    EXPECT_TRUE(read({Answer::no, Answer::no}));
+    EXPECT_TRUE(card.picture.is_blank());
+    EXPECT_EQ(host.boxes[1].flags, 68);
+
+    host.answers.push_back(Answer::yes);
+    host.answers.push_back(scenario::FileAnswer{});
+    EXPECT_FALSE(read());
+    EXPECT_EQ(host.file_dialog->Flags, 6148);
+
+    put_bytes(folder / "uusi.bmp", "x");
+    for (auto const* const name : {"harhaan.bmp", "uusi.bmp"}) {
+        host.answers.push_back(Answer::yes);
+        host.answers.push_back(scenario::FileAnswer{folder / name});
+    }
+    EXPECT_TRUE(read());
+    EXPECT_EQ(host.boxes.size(), 2U);
+    EXPECT_EQ(card.picture.trimmed(), folder / "uusi.bmp");
+}
+
+TEST_F(Reader, FailedFileOperationsAreTold) {
+    for (int operation = 1; operation <= 3; ++operation) {
+        host.fail_file_operation(operation, 75);
+        EXPECT_FALSE(read({Answer::ok}));
+        EXPECT_EQ(host.boxes.back().text.find(" Korttimallitiedoston "), 0U);
+    }
+    // The way around a missing key closes and opens the file again.
+    replace_line("field(2).linkki", "");
+    host.fail_file_operation(4, 75);
+    EXPECT_FALSE(read({Answer::ok}));
+    EXPECT_EQ(host.boxes.back().text.find(" Tiedoston avaaminen aiheutti virheen     "), 0U);
+}
+
+TEST_F(Reader, ARefusedFileLeavesTheOpenCardWhole) {
+    open(folder / "kortti.krt");
+    value("field(1).left", "-5");
+    put_bytes(folder / "huono.krt", text);
+    host.answers.push_back(Answer::no);
+    open(folder / "huono.krt");
+    EXPECT_EQ(field(1).left, 10);
+    EXPECT_EQ(session.cardFile, folder / "huono.krt");
+    EXPECT_TRUE(fCard->focus.has(2));
+}
+
+} // namespace kehystin

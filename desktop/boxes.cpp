@@ -1,0 +1,182 @@
+#include "desktop/boxes.h"
+
+#include "desktop/look.h"
+#include "desktop/text.h"
+#include "platform/errors.h"
+
+#include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFileIconProvider>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStringList>
+
+#include <span>
+
+namespace desktop {
+
+namespace {
+
+using platform::Answer;
+
+struct BoxButton {
+    Answer answer;
+    char const* caption;
+    QMessageBox::ButtonRole role;
+};
+
+constexpr BoxButton okButton{Answer::ok, "OK", QMessageBox::AcceptRole};
+constexpr BoxButton cancelButton{Answer::cancel, "Peruuta", QMessageBox::RejectRole};
+constexpr BoxButton yesButton{Answer::yes, "Kyllä", QMessageBox::YesRole};
+constexpr BoxButton noButton{Answer::no, "Ei", QMessageBox::NoRole};
+
+/// The buttons by the lowest bits of the flags. The last one is what Escape and the box's frame
+/// answer.
+std::span<BoxButton const> buttonsFor(int flags) {
+    static constexpr BoxButton ok[] = {okButton};
+    static constexpr BoxButton okCancel[] = {okButton, cancelButton};
+    static constexpr BoxButton yesNoCancel[] = {yesButton, noButton, cancelButton};
+    static constexpr BoxButton yesNo[] = {yesButton, noButton};
+    switch (flags & 0x7) {
+    case platform::box::ok_cancel:
+        return okCancel;
+    case platform::box::yes_no_cancel:
+        return yesNoCancel;
+    case platform::box::yes_no:
+        return yesNo;
+    default:
+        return ok;
+    }
+}
+
+QMessageBox::Icon iconFor(int flags) {
+    switch (flags & 0x70) {
+    case platform::box::critical:
+        return QMessageBox::Critical;
+    case platform::box::question:
+        return QMessageBox::Question;
+    case platform::box::warning:
+        return QMessageBox::Warning;
+    case platform::box::information:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+std::size_t defaultButtonOf(int flags) {
+    return static_cast<std::size_t>((flags >> 8) & 0x3);
+}
+
+/// "Text (*.x;*.y)|*.x;*.y|..." as Qt's name filters.
+QStringList nameFilters(std::string_view filter) {
+    QStringList filters;
+    auto const parts = toQt(filter).split(u'|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        auto description = parts.at(i);
+        if (auto const bracket = description.lastIndexOf(QLatin1String(" (")); bracket > 0)
+            description.truncate(bracket);
+        auto patterns = parts.at(i + 1);
+        // Names need no dot to be any name.
+        patterns.replace(QLatin1String("*.*"), QLatin1String("*")).replace(u';', u' ');
+        filters.append(QStringLiteral("%1 (%2)").arg(description, patterns));
+    }
+    return filters;
+}
+
+/// The folder that the last file was chosen in.
+QString& lastFolder() {
+    static QString folder;
+    return folder;
+}
+
+/// Boxes of fixed size: the window manager has nothing to offer for them but closing.
+constexpr Qt::WindowFlags boxFlags =
+    Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+
+/// Kinds of file by words that Qt has no translation of.
+class FileKinds : public QFileIconProvider {
+  public:
+    QString type(QFileInfo const& file) const override {
+        return file.isDir() ? QStringLiteral("Kansio") : QStringLiteral("Tiedosto");
+    }
+};
+
+constexpr int overwritePrompt = 0x2;
+constexpr int fileMustExist = 0x1000;
+
+} // namespace
+
+Answer showMessage(QWidget* owner, std::string_view text, int flags, std::string_view title) {
+    QMessageBox box(owner);
+    box.setWindowFlags(boxFlags);
+    box.setWindowTitle(toQt(title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(toQtLines(text));
+    box.setIcon(iconFor(flags));
+    auto const buttons = buttonsFor(flags);
+    QList<QPushButton*> made;
+    for (auto const& button : buttons)
+        made.append(box.addButton(QString::fromUtf8(button.caption), button.role));
+    box.setDefaultButton(made.at(qsizetype(std::min(defaultButtonOf(flags), buttons.size() - 1))));
+    box.setEscapeButton(made.last());
+    box.exec();
+    auto const chosen = made.indexOf(static_cast<QPushButton*>(box.clickedButton()));
+    return buttons[chosen < 0 ? buttons.size() - 1 : std::size_t(chosen)].answer;
+}
+
+std::string askText(QWidget* owner, std::string_view prompt, std::string_view title,
+                    std::string_view defaultText) {
+    QInputDialog dialog(owner, boxFlags);
+    dialog.setWindowTitle(toQt(title));
+    dialog.setLabelText(toQtLines(prompt));
+    dialog.setTextValue(toQt(defaultText));
+    dialog.setOkButtonText(QStringLiteral("OK"));
+    dialog.setCancelButtonText(QStringLiteral("Peruuta"));
+    constexpr int width = 360;
+    dialog.resize(width, dialog.sizeHint().height());
+    return dialog.exec() == QDialog::Accepted ? fromQt(dialog.textValue()) : std::string();
+}
+
+std::string askFile(QWidget* owner, platform::CommonDialog const& settings, FileTask task) {
+    FileKinds kinds;
+    QFileDialog dialog(owner);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setIconProvider(&kinds);
+    dialog.setAcceptMode(task == FileTask::open ? QFileDialog::AcceptOpen
+                                                : QFileDialog::AcceptSave);
+    bool const existing = task == FileTask::open && (settings.Flags & fileMustExist);
+    dialog.setFileMode(existing ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !(settings.Flags & overwritePrompt));
+    auto const filters = nameFilters(settings.Filter);
+    dialog.setNameFilters(filters);
+    if (settings.FilterIndex >= 1 && settings.FilterIndex <= filters.size())
+        dialog.selectNameFilter(filters.at(settings.FilterIndex - 1));
+    if (task == FileTask::save)
+        dialog.setDefaultSuffix(toQt(settings.DefaultExt));
+    dialog.setLabelText(QFileDialog::Accept, task == FileTask::open ? QStringLiteral("Avaa")
+                                                                    : QStringLiteral("Tallenna"));
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Peruuta"));
+    if (!lastFolder().isEmpty())
+        dialog.setDirectory(lastFolder());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        throw platform::RuntimeError(platform::ErrorNumber::cancelled);
+    lastFolder() = dialog.directory().absolutePath();
+    return fromQt(dialog.selectedFiles().first());
+}
+
+platform::Colour askColour(QWidget* owner, platform::Colour start) {
+    QColorDialog dialog(toColour(start), owner);
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    dialog.setWindowFlags(boxFlags);
+    if (auto* const buttons = dialog.findChild<QDialogButtonBox*>())
+        buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("Peruuta"));
+    if (dialog.exec() != QDialog::Accepted)
+        throw platform::RuntimeError(platform::ErrorNumber::cancelled);
+    auto const chosen = dialog.selectedColor();
+    return platform::RGB(chosen.red(), chosen.green(), chosen.blue());
+}
+
+} // namespace desktop

@@ -1,0 +1,23 @@
+// The boxes that ask the user something: message, input, file and colour.
+#pragma once
+
+#include "platform/host.h"
+
+class QWidget;
+
+namespace desktop {
+
+/// Each returns when the user has answered; `owner` may be null. Texts stand as they are given,
+/// blanks included.
+platform::Answer showMessage(QWidget* owner, std::string_view text, int flags,
+                             std::string_view title);
+/// Empty when cancelled.
+std::string askText(QWidget* owner, std::string_view prompt, std::string_view title,
+                    std::string_view defaultText);
+enum class FileTask { open, save };
+/// The chosen path. Raises `cancelled`.
+std::string askFile(QWidget* owner, platform::CommonDialog const& dialog, FileTask task);
+/// Raises `cancelled`.
+platform::Colour askColour(QWidget* owner, platform::Colour start);
+
+} // namespace desktop

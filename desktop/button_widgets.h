@@ -1,0 +1,56 @@
+// Buttons, check boxes and option buttons. A click only tells the program; what they then show is
+// what the program has made of it.
+#pragma once
+
+#include "desktop/control_widget.h"
+
+#include <QCheckBox>
+#include <QRadioButton>
+
+namespace desktop {
+
+/// With a picture a flat button, as on a tool bar; otherwise a push button.
+class ButtonWidget : public QAbstractButton, public ControlWidget {
+  public:
+    ButtonWidget(platform::Button& button, QWidget& parent, EventGate& gate);
+
+    QWidget& widget() override { return *this; }
+    void takeOver() override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    platform::Button* button() const { return static_cast<platform::Button*>(control()); }
+    void paintFlat(QPainter& painter);
+    void paintRaised(QPainter& painter);
+
+    QPoint pressedAt_;
+};
+
+class CheckBoxWidget : public QCheckBox, public ControlWidget {
+  public:
+    CheckBoxWidget(platform::CheckBox& box, QWidget& parent, EventGate& gate);
+
+    QWidget& widget() override { return *this; }
+    void takeOver() override;
+
+  protected:
+    void nextCheckState() override {} // the program sets it
+};
+
+class OptionButtonWidget : public QRadioButton, public ControlWidget {
+  public:
+    OptionButtonWidget(platform::OptionButton& option, QWidget& parent, EventGate& gate);
+
+    QWidget& widget() override { return *this; }
+    void takeOver() override;
+
+  protected:
+    void nextCheckState() override {} // the program sets it
+};
+
+} // namespace desktop

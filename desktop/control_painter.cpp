@@ -1,0 +1,270 @@
+#include "desktop/control_painter.h"
+
+#include "desktop/drawing_painter.h"
+#include "desktop/fonts.h"
+#include "desktop/look.h"
+#include "desktop/pictures.h"
+#include "desktop/text.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+constexpr int fieldFrame = 1;  // around texts and lists
+constexpr int fieldMargin = 3; // between frame and text
+constexpr int captionGap = 4;  // between a check mark and its caption
+
+QStyle& style() {
+    return *QApplication::style();
+}
+
+void setUp(QStyleOption& option, platform::TextControl const& control, QRect const& place) {
+    option.rect = place;
+    option.palette = paletteFor(control.ForeColor, control.BackColor);
+    option.fontMetrics = QFontMetrics(fontFor(control.font()));
+    option.state = QStyle::State_Active;
+    if (control.Enabled)
+        option.state |= QStyle::State_Enabled;
+    option.direction = Qt::LeftToRight;
+}
+
+void setTextPen(QPainter& painter, platform::TextControl const& control) {
+    painter.setFont(fontFor(control.font()));
+    painter.setPen(control.Enabled
+                       ? toColour(control.ForeColor)
+                       : QApplication::palette().color(QPalette::Disabled, QPalette::Text));
+}
+
+void drawClipped(QPainter& painter, QRect const& place, int flags, QString const& text) {
+    if (text.isEmpty() || place.isEmpty())
+        return;
+    painter.save();
+    painter.setClipRect(place, Qt::IntersectClip);
+    painter.drawText(place, flags, text);
+    painter.restore();
+}
+
+QRect drawField(QPainter& painter, platform::TextControl const& control, QRect const& place) {
+    QStyleOptionFrame option;
+    setUp(option, control, place);
+    option.lineWidth = fieldFrame;
+    option.state |= QStyle::State_Sunken;
+    style().drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter);
+    return place.adjusted(fieldFrame, fieldFrame, -fieldFrame, -fieldFrame);
+}
+
+void drawScrollBar(QPainter& painter, platform::TextControl const& control, QRect const& place) {
+    // The style counts the parts of a scroll bar from the painter's corner.
+    painter.save();
+    painter.setClipRect(place, Qt::IntersectClip);
+    painter.translate(place.topLeft());
+    QStyleOptionSlider option;
+    setUp(option, control, QRect(QPoint(), place.size()));
+    option.palette = QApplication::palette();
+    option.state |= QStyle::State_Enabled;
+    option.orientation = Qt::Vertical;
+    option.maximum = 0; // nothing to scroll: the thumb fills the groove
+    option.pageStep = 1;
+    option.subControls = QStyle::SC_All;
+    style().drawComplexControl(QStyle::CC_ScrollBar, &option, &painter);
+    painter.restore();
+}
+
+void paintTextBox(QPainter& painter, platform::TextBox const& box, QRect const& place) {
+    auto inside = drawField(painter, box, place);
+    if (box.MultiLine && box.ScrollBars) {
+        auto bar = inside;
+        bar.setLeft(std::max(inside.left(), inside.right() - scrollBarWidth + 1));
+        drawScrollBar(painter, box, bar);
+        inside.setRight(bar.left() - 1);
+    }
+    setTextPen(painter, box);
+    auto const text = toQtLines(box.Text.get());
+    auto const area = inside.adjusted(fieldMargin, 1, -fieldMargin, -1);
+    if (box.MultiLine) {
+        drawClipped(painter, area, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text);
+        return;
+    }
+    // One line stands in the middle of a box made for one line, and at the top of a taller one.
+    bool const tall = area.height() >= 2 * painter.fontMetrics().height();
+    drawClipped(painter, area,
+                Qt::AlignLeft | (tall ? Qt::AlignTop : Qt::AlignVCenter) | Qt::TextSingleLine,
+                text);
+}
+
+/// The mark at the left edge, the caption beside it, both in the middle of the height.
+template <class Box>
+void paintMarked(QPainter& painter, Box const& box, QRect const& place, bool on,
+                 QStyle::PrimitiveElement mark, QStyle::PixelMetric width,
+                 QStyle::PixelMetric height) {
+    painter.fillRect(place, toColour(box.BackColor));
+    QStyleOptionButton option;
+    setUp(option, box, place);
+    option.palette = QApplication::palette(); // the mark is the style's, not the caption's colour
+    option.state |= on ? QStyle::State_On : QStyle::State_Off;
+    QSize const size(style().pixelMetric(width), style().pixelMetric(height));
+    option.rect =
+        QRect(QPoint(place.left(), place.top() + (place.height() - size.height()) / 2), size);
+    painter.save();
+    painter.setClipRect(place, Qt::IntersectClip);
+    style().drawPrimitive(mark, &option, &painter);
+    painter.restore();
+    setTextPen(painter, box);
+    drawClipped(painter, place.adjusted(size.width() + captionGap, 0, 0, 0),
+                Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap, toQt(box.Caption.get()));
+}
+
+void paintComboBox(QPainter& painter, platform::ComboBox const& box, QRect const& place) {
+    auto const inside = drawField(painter, box, place);
+    auto arrow = inside;
+    arrow.setLeft(std::max(inside.left(), inside.right() - scrollBarWidth + 1));
+    QStyleOption option;
+    setUp(option, box, arrow.adjusted(5, 4, -4, -4));
+    option.palette = QApplication::palette();
+    painter.fillRect(arrow, option.palette.color(QPalette::Button));
+    painter.fillRect(arrow.left(), arrow.top(), 1, arrow.height(),
+                     option.palette.color(QPalette::Dark));
+    style().drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter);
+    setTextPen(painter, box);
+    auto const field = inside.adjusted(fieldMargin, 0, -arrow.width(), 0);
+    drawClipped(painter, field, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                toQt(box.chosen_text()));
+}
+
+void paintListBox(QPainter& painter, platform::ListBox const& box, QRect const& place) {
+    auto const inside = drawField(painter, box, place);
+    setTextPen(painter, box);
+    int const step = painter.fontMetrics().height();
+    auto line = inside.adjusted(fieldMargin, 1, -fieldMargin, 0);
+    for (int i = 0; i < box.ListCount() && line.top() <= inside.bottom(); ++i) {
+        drawClipped(painter, QRect(line.left(), line.top(), line.width(), step) & inside,
+                    Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, toQt(box.List(i)));
+        line.translate(0, step);
+    }
+}
+
+void paintButton(QPainter& painter, platform::Button const& button, QRect const& place) {
+    QStyleOptionButton option;
+    setUp(option, button, place);
+    option.state |= QStyle::State_Raised;
+    option.text = toQt(button.Caption.get());
+    painter.setFont(fontFor(button.font()));
+    style().drawControl(QStyle::CE_PushButton, &option, &painter);
+    drawPicture(painter, button.Picture, place);
+}
+
+} // namespace
+
+void paintLabel(QPainter& painter, platform::Label const& label, QRect const& place,
+                Ampersand ampersand) {
+    if (label.BackStyle == static_cast<int>(platform::BackStyle::opaque))
+        painter.fillRect(place, toColour(label.BackColor));
+    auto inside = place;
+    if (label.BorderStyle != 0) {
+        painter.setPen(QApplication::palette().color(QPalette::Dark));
+        painter.drawRect(place.adjusted(0, 0, -1, -1));
+        inside.adjust(1, 1, -1, -1);
+    }
+    setTextPen(painter, label);
+    int flags = Qt::AlignTop | Qt::TextWordWrap;
+    if (ampersand == Ampersand::accessKey)
+        flags |= Qt::TextShowMnemonic;
+    switch (static_cast<platform::Alignment>(label.Alignment.get())) {
+    case platform::Alignment::right:
+        flags |= Qt::AlignRight;
+        break;
+    case platform::Alignment::centre:
+        flags |= Qt::AlignHCenter;
+        break;
+    default:
+        flags |= Qt::AlignLeft;
+    }
+    drawClipped(painter, inside, flags, toQtLines(label.Caption.get()));
+}
+
+void paintPictureBox(QPainter& painter, platform::PictureBox const& box, QRect const& place) {
+    painter.fillRect(place, toColour(box.BackColor));
+    auto inside = place;
+    if (box.BorderStyle != 0) {
+        painter.setPen(QApplication::palette().color(QPalette::Shadow));
+        painter.drawRect(place.adjusted(0, 0, -1, -1));
+        inside.adjust(1, 1, -1, -1);
+    }
+    drawPicture(painter, box.Picture, inside);
+    if (box.drawing().empty())
+        return;
+    painter.save();
+    painter.setClipRect(inside, Qt::IntersectClip);
+    painter.translate(inside.topLeft());
+    paintDrawing(painter, box.drawing(), box, toPixels(box.form(), 1));
+    painter.restore();
+}
+
+void paintShape(QPainter& painter, platform::Shape const& shape, QRect const& place) {
+    painter.setPen(toColour(shape.BorderColor));
+    painter.setBrush(Qt::NoBrush);
+    // A shape without width or height still shows as a line.
+    painter.drawRect(place.left(), place.top(), std::max(0, place.width() - 1),
+                     std::max(0, place.height() - 1));
+}
+
+void paintLine(QPainter& painter, platform::Line const& line) {
+    auto const pixels = [&](double length) {
+        return static_cast<int>(std::lround(toPixels(line.form(), length)));
+    };
+    painter.setPen(toColour(line.BorderColor));
+    painter.drawLine(pixels(line.X1), pixels(line.Y1), pixels(line.X2), pixels(line.Y2));
+}
+
+QRect lineBounds(platform::Line const& line) {
+    auto const point = [&](double x, double y) {
+        return QPointF(toPixels(line.form(), x), toPixels(line.form(), y)).toPoint();
+    };
+    return QRect(point(line.X1, line.Y1), point(line.X2, line.Y2))
+        .normalized()
+        .adjusted(-1, -1, 1, 1);
+}
+
+void paintControl(QPainter& painter, platform::Control const& control, QRect const& place) {
+    using platform::ControlClass;
+    switch (control.control_class()) {
+    case ControlClass::label:
+        return paintLabel(painter, static_cast<platform::Label const&>(control), place,
+                          Ampersand::plain);
+    case ControlClass::text_box:
+        return paintTextBox(painter, static_cast<platform::TextBox const&>(control), place);
+    case ControlClass::check_box: {
+        auto const& box = static_cast<platform::CheckBox const&>(control);
+        return paintMarked(painter, box, place, box.Value != 0, QStyle::PE_IndicatorCheckBox,
+                           QStyle::PM_IndicatorWidth, QStyle::PM_IndicatorHeight);
+    }
+    case ControlClass::option_button: {
+        auto const& option = static_cast<platform::OptionButton const&>(control);
+        return paintMarked(painter, option, place, option.Value, QStyle::PE_IndicatorRadioButton,
+                           QStyle::PM_ExclusiveIndicatorWidth, QStyle::PM_ExclusiveIndicatorHeight);
+    }
+    case ControlClass::combo_box:
+        return paintComboBox(painter, static_cast<platform::ComboBox const&>(control), place);
+    case ControlClass::list_box:
+        return paintListBox(painter, static_cast<platform::ListBox const&>(control), place);
+    case ControlClass::picture_box:
+        return paintPictureBox(painter, static_cast<platform::PictureBox const&>(control), place);
+    case ControlClass::button:
+        return paintButton(painter, static_cast<platform::Button const&>(control), place);
+    case ControlClass::shape:
+        return paintShape(painter, static_cast<platform::Shape const&>(control), place);
+    case ControlClass::line:
+        return paintLine(painter, static_cast<platform::Line const&>(control));
+    default:
+        return; // nothing that shows
+    }
+}
+
+} // namespace desktop

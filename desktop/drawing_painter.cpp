@@ -1,0 +1,90 @@
+#include "desktop/drawing_painter.h"
+
+#include "desktop/fonts.h"
+#include "desktop/look.h"
+#include "desktop/pictures.h"
+#include "desktop/text.h"
+
+#include <QPainter>
+
+#include <cmath>
+#include <variant>
+
+namespace desktop {
+
+namespace {
+
+/// Paints one item after the other, all lengths in whole pixels.
+class DrawingPainter {
+  public:
+    DrawingPainter(QPainter& painter, platform::TextControl const& owner, double pixelsPerUnit)
+        : painter_(painter), owner_(owner), scale_(pixelsPerUnit) {}
+
+    void operator()(platform::DrawingLayer::Dots const& dots) {
+        auto const colour = toColour(dots.colour);
+        // A grid is a hundred thousand dots: they go straight into the picture where there is one.
+        auto* const image = dynamic_cast<QImage*>(painter_.device());
+        bool const direct = image && image->depth() == 32 && image->devicePixelRatio() == 1 &&
+                            painter_.transform().type() <= QTransform::TxTranslate;
+        if (direct)
+            return fillDots(*image, dots, colour.rgb());
+        for (auto const& [x, y] : dots.points)
+            painter_.fillRect(pixel(x), pixel(y), 1, 1, colour);
+    }
+
+    void operator()(platform::DrawingLayer::Line const& line) {
+        painter_.setPen(toColour(line.colour));
+        painter_.drawLine(pixel(line.x1), pixel(line.y1), pixel(line.x2), pixel(line.y2));
+    }
+
+    void operator()(platform::DrawingLayer::FilledBox const& box) {
+        // Both corners belong to the box.
+        QRect const area(QPoint(pixel(box.x1), pixel(box.y1)),
+                         QPoint(pixel(box.x2), pixel(box.y2)));
+        painter_.fillRect(area.normalized(), toColour(box.colour));
+    }
+
+    void operator()(platform::DrawingLayer::Text const& text) {
+        painter_.setFont(fontFor(owner_.font()));
+        painter_.setPen(toColour(owner_.ForeColor));
+        QRectF const area(text.x * scale_, text.y * scale_, 1e4, 1e4);
+        painter_.drawText(area, Qt::AlignLeft | Qt::AlignTop, toQt(text.text));
+    }
+
+    void operator()(platform::DrawingLayer::PaintedPicture const& painted) {
+        drawStretched(painter_, painted.picture,
+                      QRectF(painted.x * scale_, painted.y * scale_, painted.width * scale_,
+                             painted.height * scale_));
+    }
+
+  private:
+    int pixel(double length) const { return static_cast<int>(std::floor(length * scale_ + 0.5)); }
+
+    void fillDots(QImage& image, platform::DrawingLayer::Dots const& dots, QRgb colour) {
+        auto* const bits = reinterpret_cast<QRgb*>(image.bits());
+        auto const stride = image.bytesPerLine() / qsizetype{sizeof(QRgb)};
+        int const right = static_cast<int>(painter_.transform().dx());
+        int const down = static_cast<int>(painter_.transform().dy());
+        for (auto const& [left, top] : dots.points) {
+            int const x = pixel(left) + right;
+            int const y = pixel(top) + down;
+            if (x >= 0 && y >= 0 && x < image.width() && y < image.height())
+                bits[y * stride + x] = colour;
+        }
+    }
+
+    QPainter& painter_;
+    platform::TextControl const& owner_;
+    double scale_;
+};
+
+} // namespace
+
+void paintDrawing(QPainter& painter, platform::DrawingLayer const& drawing,
+                  platform::TextControl const& owner, double pixelsPerUnit) {
+    DrawingPainter paint(painter, owner, pixelsPerUnit);
+    for (auto const& item : drawing.items())
+        std::visit(paint, item);
+}
+
+} // namespace desktop

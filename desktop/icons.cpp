@@ -1,0 +1,76 @@
+#include "desktop/icons.h"
+
+#include "desktop/icon_drawing.h"
+
+#include <QHash>
+#include <QResource>
+
+#include <cmath>
+
+/// The icons are linked in with the library; a static one must be asked for them.
+static void linkIcons() {
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace desktop {
+
+namespace {
+
+QString resourceOf(QString const& name, char const* kind) {
+    return QStringLiteral(":/icons/%1.%2").arg(name, QLatin1String(kind));
+}
+
+bool hasSource(QString const& name) {
+    return QResource(resourceOf(name, "svg")).isValid();
+}
+
+/// The usual size has been drawn when the program was built, any other is drawn now.
+QImage imageOf(QString const& name, int pixels) {
+    QResource const drawn(resourceOf(name, "argb"));
+    if (pixels == iconSize && drawn.size() == iconSize * iconSize * 4)
+        return QImage(drawn.data(), iconSize, iconSize, QImage::Format_ARGB32_Premultiplied).copy();
+    return drawIcon(resourceOf(name, "svg"), pixels);
+}
+
+/// Grey and pale, its shape as it was.
+void makeGrey(QImage& image) {
+    for (int y = 0; y < image.height(); ++y) {
+        auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            auto const colour = qUnpremultiply(line[x]);
+            int const light = 120 + qGray(colour) * 135 / 255;
+            line[x] = qPremultiply(qRgba(light, light, light, qAlpha(colour) * 7 / 10));
+        }
+    }
+}
+
+} // namespace
+
+QPixmap iconPixmap(QString const& name, int size, qreal pixelRatio) {
+    static bool const linked = (linkIcons(), true);
+    Q_ASSERT(linked);
+    static QHash<QString, QPixmap> made;
+    int const pixels = static_cast<int>(std::ceil(size * pixelRatio));
+    auto& pixmap = made[QStringLiteral("%1/%2").arg(name).arg(pixels)];
+    if (!pixmap.isNull())
+        return pixmap;
+    bool const grey = !hasSource(name) && name.endsWith(u'0');
+    auto const source = grey ? name.chopped(1) : name;
+    if (!hasSource(source))
+        return {};
+    auto image = imageOf(source, pixels);
+    if (grey)
+        makeGrey(image);
+    pixmap = QPixmap::fromImage(std::move(image));
+    pixmap.setDevicePixelRatio(pixelRatio);
+    return pixmap;
+}
+
+QIcon applicationIcon() {
+    QIcon icon;
+    for (int const size : {16, 32, 64})
+        icon.addPixmap(iconPixmap(QStringLiteral("kehystin"), size, 1));
+    return icon;
+}
+
+} // namespace desktop

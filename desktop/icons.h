@@ -1,0 +1,20 @@
+// The program's own pictures: SVG sources by name, drawn when first shown.
+#pragma once
+
+#include <QIcon>
+#include <QPixmap>
+#include <QString>
+
+namespace desktop {
+
+/// The size that icons are shown at where there is room, in logical pixels.
+inline constexpr int iconSize = 24;
+
+/// The drawing of a picture by its name, `size` logical pixels wide and high, for a screen of this
+/// pixel ratio. "name0" is the grey state of "name". Null for a name without a drawing.
+QPixmap iconPixmap(QString const& name, int size, qreal pixelRatio);
+
+/// The icon of the application itself.
+QIcon applicationIcon();
+
+} // namespace desktop

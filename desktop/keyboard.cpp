@@ -1,0 +1,39 @@
+#include "desktop/keyboard.h"
+
+#include "platform/input.h"
+#include "platform/system.h"
+
+namespace desktop {
+
+namespace {
+
+/// The control of the form with the keyboard, or the form itself.
+platform::Control& focusedIn(platform::Form& form) {
+    auto* const focused = platform::System::current().focused();
+    return focused && &focused->form() == &form ? *focused : form;
+}
+
+} // namespace
+
+bool sendDialogKey(platform::Form& form, EventGate& gate, QKeyEvent const& event) {
+    bool const enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (!enter && event.key() != Qt::Key_Escape)
+        return false;
+    auto const key = enter ? platform::Key::enter : platform::Key::escape;
+    gate.run([&] { platform::input::press(focusedIn(form), key); });
+    return true;
+}
+
+bool walkFocus(platform::Form& form, EventGate& gate, bool next) {
+    auto& from = focusedIn(form);
+    gate.run([&] {
+        if (&from != &form)
+            return platform::input::walk_focus(from, next ? 1 : -1);
+        for (auto* const control : form.tab_order())
+            if (control->can_take_focus())
+                return platform::input::focus(*control);
+    });
+    return true;
+}
+
+} // namespace desktop

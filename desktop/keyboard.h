@@ -1,0 +1,18 @@
+// Keys that belong to a whole form, wherever in it the keyboard is.
+#pragma once
+
+#include "desktop/event_gate.h"
+#include "platform/form.h"
+
+#include <QKeyEvent>
+
+namespace desktop {
+
+/// Enter and Escape that no widget wanted press the form's default and cancel buttons. False for
+/// any other key.
+bool sendDialogKey(platform::Form& form, EventGate& gate, QKeyEvent const& event);
+
+/// The keyboard goes to the next or previous control in the form's tab order.
+bool walkFocus(platform::Form& form, EventGate& gate, bool next);
+
+} // namespace desktop

@@ -1,0 +1,314 @@
+#include "desktop/look.h"
+
+#include "desktop/fonts.h"
+
+#include <QApplication>
+#include <QIconEngine>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleFactory>
+#include <QStyleOptionTitleBar>
+
+namespace desktop {
+
+namespace {
+
+QColor const face(240, 240, 240);
+QColor const text(25, 28, 33);
+QColor const shadow(176, 180, 186);
+QColor const accent(47, 111, 191);
+
+/// Two small arrowheads: what does not fit a bar is behind them.
+class MoreEngine : public QIconEngine {
+  public:
+    QIconEngine* clone() const override { return new MoreEngine; }
+    void paint(QPainter* painter, QRect const& place, QIcon::Mode, QIcon::State) override {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(text, 1.5));
+        auto const middle = QRectF(place).center();
+        for (double const left : {-3.5, 0.5})
+            painter->drawPolyline(
+                QPolygonF({middle + QPointF(left, -3), middle + QPointF(left + 3, 0),
+                           middle + QPointF(left, 3)}));
+        painter->restore();
+    }
+};
+
+class Look : public QProxyStyle {
+  public:
+    Look() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+    int pixelMetric(PixelMetric metric, QStyleOption const* option,
+                    QWidget const* widget) const override {
+        switch (metric) {
+        case PM_TitleBarHeight:
+            return captionHeight;
+        case PM_MdiSubWindowFrameWidth:
+            return frameWidth;
+        case PM_ScrollBarExtent:
+            return scrollBarWidth;
+        case PM_MenuBarPanelWidth:
+            return 0;
+        case PM_MenuVMargin:
+            return 3;
+        default:
+            return QProxyStyle::pixelMetric(metric, option, widget);
+        }
+    }
+
+    int styleHint(StyleHint hint, QStyleOption const* option, QWidget const* widget,
+                  QStyleHintReturn* result) const override {
+        switch (hint) {
+        case SH_DialogButtonBox_ButtonsHaveIcons:
+        case SH_ComboBox_Popup:   // a list drops down below its box instead of covering it
+        case SH_WindowFrame_Mask: // windows have all their corners
+            return 0;
+        default:
+            break;
+        }
+        return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+
+    QSize sizeFromContents(ContentsType type, QStyleOption const* option, QSize const& contents,
+                           QWidget const* widget) const override {
+        auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        if (type == CT_MenuBarItem)
+            size.setHeight(menuBarHeight);
+        return size;
+    }
+
+    void drawControl(ControlElement element, QStyleOption const* option, QPainter* painter,
+                     QWidget const* widget) const override {
+        if (element == CE_MenuBarEmptyArea)
+            return;
+        auto const* const item = qstyleoption_cast<QStyleOptionMenuItem const*>(option);
+        if (element == CE_MenuBarItem && item)
+            drawMenuBarItem(*item, *painter);
+        else
+            QProxyStyle::drawControl(element, option, painter, widget);
+    }
+
+    void drawComplexControl(ComplexControl control, QStyleOptionComplex const* option,
+                            QPainter* painter, QWidget const* widget) const override {
+        auto const* const bar = qstyleoption_cast<QStyleOptionTitleBar const*>(option);
+        if (control == CC_TitleBar && bar)
+            drawTitleBar(*bar, *painter, widget);
+        else
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+
+    QRect subControlRect(ComplexControl control, QStyleOptionComplex const* option, SubControl part,
+                         QWidget const* widget) const override {
+        auto const whole = option->rect;
+        if (control == CC_TitleBar && part == SC_TitleBarCloseButton)
+            return closeButton(whole);
+        if (control == CC_TitleBar && part == SC_TitleBarLabel)
+            return whole.adjusted(8, 0, -30, 0);
+        if (control == CC_TitleBar && part != SC_TitleBarSysMenu)
+            return {};
+        return QProxyStyle::subControlRect(control, option, part, widget);
+    }
+
+    void drawPrimitive(PrimitiveElement element, QStyleOption const* option, QPainter* painter,
+                       QWidget const* widget) const override {
+        switch (element) {
+        case PE_FrameWindow:
+            return drawWindowFrame(*option, *painter);
+        case PE_FrameLineEdit:
+            return drawFieldFrame(*option, *painter);
+        default:
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+        }
+    }
+
+    QIcon standardIcon(StandardPixmap icon, QStyleOption const* option,
+                       QWidget const* widget) const override {
+        switch (icon) {
+        case SP_ToolBarHorizontalExtensionButton:
+            return QIcon(new MoreEngine);
+        case SP_TitleBarMinButton:
+        case SP_TitleBarMaxButton:
+        case SP_TitleBarNormalButton:
+        case SP_TitleBarCloseButton:
+        case SP_TitleBarMenuButton:
+            return {}; // in the menus of windows; reading their files takes longer than a card
+        default:
+            return QProxyStyle::standardIcon(icon, option, widget);
+        }
+    }
+
+  private:
+    /// A word on the bar; one that is open or pointed at lies on a highlighted ground.
+    void drawMenuBarItem(QStyleOptionMenuItem const& item, QPainter& painter) const {
+        bool const open = item.state & State_Sunken;
+        bool const selected = item.state & State_Selected;
+        if (open || selected)
+            painter.fillRect(item.rect,
+                             item.palette.color(open ? QPalette::Highlight : QPalette::Mid));
+        int flags = Qt::AlignCenter | Qt::TextSingleLine | Qt::TextShowMnemonic;
+        if (!proxy()->styleHint(SH_UnderlineShortcut, &item))
+            flags |= Qt::TextHideMnemonic;
+        proxy()->drawItemText(&painter, item.rect, flags, item.palette, item.state & State_Enabled,
+                              item.text, open ? QPalette::HighlightedText : QPalette::WindowText);
+    }
+
+    static void drawWindowFrame(QStyleOption const& option, QPainter& painter) {
+        // The frame of a window inside the main one: the title's colour all round, one quiet line.
+        auto const whole = option.rect;
+        auto const colour = option.palette.color(QPalette::Mid);
+        for (auto const& side :
+             {QRect(whole.left(), whole.top(), frameWidth, whole.height()),
+              QRect(whole.right() - frameWidth + 1, whole.top(), frameWidth, whole.height()),
+              QRect(whole.left(), whole.bottom() - frameWidth + 1, whole.width(), frameWidth)})
+            painter.fillRect(side, colour);
+        painter.setPen(option.palette.color(QPalette::Dark));
+        painter.drawRect(whole.adjusted(0, 0, -1, -1));
+    }
+
+    /// One quiet line with its corners taken off, in the accent colour around the keyboard.
+    static void drawFieldFrame(QStyleOption const& option, QPainter& painter) {
+        auto const whole = option.rect;
+        bool const focused = option.state & State_HasFocus;
+        auto const colour = option.palette.color(focused ? QPalette::Highlight : QPalette::Dark);
+        painter.fillRect(whole.left() + 1, whole.top(), whole.width() - 2, 1, colour);
+        painter.fillRect(whole.left() + 1, whole.bottom(), whole.width() - 2, 1, colour);
+        painter.fillRect(whole.left(), whole.top() + 1, 1, whole.height() - 2, colour);
+        painter.fillRect(whole.right(), whole.top() + 1, 1, whole.height() - 2, colour);
+    }
+
+    static QRect closeButton(QRect const& bar) { return {bar.right() - 22, bar.top() + 4, 16, 16}; }
+
+    static void drawTitleBar(QStyleOptionTitleBar const& bar, QPainter& painter,
+                             QWidget const* widget) {
+        painter.fillRect(bar.rect, bar.palette.color(QPalette::Mid));
+        auto const label = bar.rect.adjusted(8, 2, -30, 0);
+        auto font = widget ? widget->font() : painter.font();
+        font.setBold(true);
+        painter.setFont(font);
+        painter.setPen(bar.palette.color(QPalette::WindowText));
+        auto const caption =
+            painter.fontMetrics().elidedText(bar.text, Qt::ElideRight, label.width());
+        painter.drawText(label, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, caption);
+        drawCloseButton(bar, painter);
+    }
+
+    static void drawCloseButton(QStyleOptionTitleBar const& bar, QPainter& painter) {
+        auto const button = closeButton(bar.rect);
+        bool const touched = bar.activeSubControls & SC_TitleBarCloseButton;
+        bool const hovered = touched && (bar.state & State_MouseOver);
+        bool const pressed = touched && (bar.state & State_Sunken);
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        if (hovered || pressed) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(pressed ? bar.palette.color(QPalette::Dark)
+                                     : bar.palette.color(QPalette::Midlight));
+            painter.drawRoundedRect(button, 2, 2);
+        }
+        painter.setPen(QPen(bar.palette.color(QPalette::WindowText), 1.5));
+        QRectF const cross(button.left() + 4.5, button.top() + 4.5, 7, 7);
+        painter.drawLine(cross.topLeft(), cross.bottomRight());
+        painter.drawLine(cross.bottomLeft(), cross.topRight());
+        painter.restore();
+    }
+};
+
+QPalette calmPalette() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, face);
+    palette.setColor(QPalette::WindowText, text);
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(246, 247, 249));
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::Button, face);
+    palette.setColor(QPalette::ButtonText, text);
+    palette.setColor(QPalette::BrightText, Qt::white);
+    palette.setColor(QPalette::Light, Qt::white);
+    palette.setColor(QPalette::Midlight, QColor(228, 231, 235));
+    palette.setColor(QPalette::Mid, QColor(206, 214, 224));
+    palette.setColor(QPalette::Dark, shadow);
+    palette.setColor(QPalette::Shadow, QColor(120, 126, 134));
+    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, accent);
+    palette.setColor(QPalette::ToolTipBase, QColor(255, 255, 231));
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::PlaceholderText, QColor(130, 135, 142));
+    for (auto const role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(150, 154, 160));
+    palette.setColor(QPalette::Disabled, QPalette::Base, face);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, shadow);
+    return palette;
+}
+
+/// The system's colours by their numbers. Those that are not listed are the face of buttons.
+QColor systemColour(int number) {
+    auto const palette = QApplication::palette();
+    switch (number) {
+    case 2: // active caption
+        return palette.color(QPalette::Mid);
+    case 5: // window
+        return palette.color(QPalette::Base);
+    case 6:  // window frame
+    case 21: // dark shadow
+        return palette.color(QPalette::Shadow);
+    case 7:  // menu text
+    case 8:  // window text
+    case 9:  // caption text
+    case 18: // button text
+        return palette.color(QPalette::WindowText);
+    case 12: // application workspace
+        return {171, 177, 186};
+    case 13: // highlight
+        return palette.color(QPalette::Highlight);
+    case 14: // highlighted text
+        return palette.color(QPalette::HighlightedText);
+    case 16: // button shadow
+        return palette.color(QPalette::Dark);
+    case 17: // grey text
+        return palette.color(QPalette::Disabled, QPalette::WindowText);
+    case 20: // button highlight
+        return palette.color(QPalette::Light);
+    case 22: // button light
+        return palette.color(QPalette::Midlight);
+    case 23: // tooltip text
+        return palette.color(QPalette::ToolTipText);
+    case 24: // tooltip
+        return palette.color(QPalette::ToolTipBase);
+    default:
+        return palette.color(QPalette::Button);
+    }
+}
+
+} // namespace
+
+void applyLook(QApplication& application) {
+    QApplication::setStyle(new Look);
+    QApplication::setPalette(calmPalette());
+    application.setFont(interfaceFont());
+    application.setFont(boxFont(), "QDialog");
+}
+
+QColor toColour(platform::Colour colour) {
+    auto const bits = static_cast<std::uint32_t>(colour);
+    if (bits & 0x80000000U)
+        return systemColour(static_cast<int>(bits & 0xffU));
+    return {static_cast<int>(bits & 0xffU), static_cast<int>((bits >> 8) & 0xffU),
+            static_cast<int>((bits >> 16) & 0xffU)};
+}
+
+QPalette paletteFor(platform::Colour fore, platform::Colour back) {
+    auto palette = QApplication::palette();
+    auto const foreColour = toColour(fore);
+    auto const backColour = toColour(back);
+    for (auto const role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Active, role, foreColour);
+    for (auto const role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Inactive, role, foreColour);
+    for (auto const role : {QPalette::Window, QPalette::Base, QPalette::Button})
+        palette.setColor(role, backColour);
+    return palette;
+}
+
+} // namespace desktop

@@ -1,0 +1,224 @@
+#include "desktop/main_window.h"
+
+#include "desktop/keyboard.h"
+#include "desktop/look.h"
+#include "desktop/text.h"
+#include "platform/input.h"
+
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QMouseEvent>
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace desktop {
+
+namespace {
+
+/// The area for child windows: a click beside them is a click on the form.
+class ChildArea : public QMdiArea {
+  public:
+    ChildArea(QWidget& parent, platform::Form& form, EventGate& gate)
+        : QMdiArea(&parent), form_(form), gate_(gate) {
+        setFrameShape(QFrame::NoFrame);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+        setFocusPolicy(Qt::NoFocus);
+        setObjectName(QStringLiteral("childArea"));
+    }
+
+  protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (viewport()->rect().contains(event->position().toPoint()))
+            gate_.run([&] { platform::input::click_form(form_); });
+    }
+
+  private:
+    platform::Form& form_;
+    EventGate& gate_;
+};
+
+/// What the bars and the area for child windows stand on.
+class Surface : public QWidget {
+  public:
+    Surface(QWidget& parent, std::function<void()> resized)
+        : QWidget(&parent), resized_(std::move(resized)) {}
+
+  protected:
+    void resizeEvent(QResizeEvent*) override { resized_(); }
+
+  private:
+    std::function<void()> resized_;
+};
+
+constexpr QSize decoration(2 * frameWidth, 2 * frameWidth + captionHeight);
+
+} // namespace
+
+MainWindow::MainWindow(platform::Form& form, EventGate& gate)
+    : form_(&form),
+      gate_(gate),
+      surface_(new Surface(*this, [this] { layOut(); })),
+      area_(new ChildArea(*surface_, form, gate)),
+      menus_(*menuBar(), gate),
+      widgets_(form, *surface_, gate) {
+    setObjectName(toQt(form.name()));
+    menuBar()->setNativeMenuBar(false);
+    menuBar()->setFixedHeight(menuBarHeight);
+    setCentralWidget(surface_);
+}
+
+QSize MainWindow::innerSize(QSize outer) {
+    return outer - decoration - QSize(0, menuBarHeight);
+}
+
+void MainWindow::takeOver(platform::Control& control) {
+    if (&control == form_)
+        return takeOverForm();
+    if (control.control_class() == platform::ControlClass::menu)
+        return menus_.update(static_cast<platform::Menu&>(control));
+    widgets_.takeOver(control);
+    layoutIsOld_ = layoutIsOld_ || control.dock_side() != 0;
+}
+
+void MainWindow::remove(platform::Control const& control) {
+    menus_.remove(control);
+    widgets_.remove(control);
+}
+
+void MainWindow::takeOverForm() {
+    setWindowTitle(toQt(form_->Caption.get()));
+    area_->setBackground(toColour(form_->BackColor));
+    takeOverGeometry();
+    if (form_->Visible)
+        widgets_.showAll();
+}
+
+void MainWindow::takeOverGeometry() {
+    auto const state = static_cast<platform::WindowState>(form_->WindowState.get());
+    auto const shape = state == platform::WindowState::maximized   ? Qt::WindowMaximized
+                       : state == platform::WindowState::minimized ? Qt::WindowMinimized
+                                                                   : Qt::WindowNoState;
+    if ((windowState() & (Qt::WindowMaximized | Qt::WindowMinimized)) != shape)
+        setWindowState(shape);
+    if (shape != Qt::WindowNoState)
+        return;
+    auto const wanted = formGeometry();
+    if (pos() != wanted.topLeft())
+        move(wanted.topLeft());
+    if (size() != wanted.size() - decoration)
+        resize(wanted.size() - decoration);
+}
+
+void MainWindow::settle() {
+    widgets_.settle();
+    if (layoutIsOld_)
+        layOut();
+    if (form_ && isVisible() != form_->Visible)
+        setVisible(form_->Visible);
+}
+
+/// The child windows have what the docked bars leave; the bars know their own places.
+void MainWindow::layOut() {
+    layoutIsOld_ = false;
+    if (!form_)
+        return;
+    auto room = surface_->rect();
+    for (auto const* const bar : form_->children()) {
+        if (!bar->Visible)
+            continue;
+        auto const place = rectOf(*bar);
+        switch (static_cast<platform::Dock>(bar->dock_side())) {
+        case platform::Dock::none:
+            break;
+        case platform::Dock::top:
+            room.setTop(std::max(room.top(), place.bottom() + 1));
+            break;
+        case platform::Dock::bottom:
+            room.setBottom(std::min(room.bottom(), place.top() - 1));
+            break;
+        case platform::Dock::left:
+            room.setLeft(std::max(room.left(), place.right() + 1));
+            break;
+        case platform::Dock::right:
+            room.setRight(std::min(room.right(), place.left() - 1));
+            break;
+        }
+    }
+    area_->setGeometry(room);
+}
+
+QWidget* MainWindow::focusWidgetOf(platform::Control const& control) {
+    return widgets_.find(control);
+}
+
+platform::Control* MainWindow::controlAt(QWidget& widget, QPoint) {
+    return widgets_.controlOf(&widget);
+}
+
+void MainWindow::discard() {
+    form_ = nullptr;
+    hide();
+    deleteLater();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (form_)
+        gate_.run([&] { platform::input::close(*form_); });
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    sendGeometry();
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    sendGeometry();
+}
+
+void MainWindow::sendGeometry() {
+    if (!form_ || !isVisible() || isMinimized())
+        return;
+    QRect const taken(pos(), size() + decoration);
+    auto const known = formGeometry();
+    if (taken == known)
+        return;
+    gate_.run([&] {
+        if (taken.topLeft() != known.topLeft() && !isMaximized())
+            platform::input::move_form(*form_, taken.x() * twipsPerPixel,
+                                       taken.y() * twipsPerPixel);
+        if (taken.size() != known.size())
+            platform::input::resize(*form_, taken.width() * twipsPerPixel,
+                                    taken.height() * twipsPerPixel);
+    });
+}
+
+QRect MainWindow::formGeometry() const {
+    return {twipsToPixels(form_->Left), twipsToPixels(form_->Top), twipsToPixels(form_->Width),
+            twipsToPixels(form_->Height)};
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange || !form_)
+        return;
+    auto const state = isMinimized()   ? platform::WindowState::minimized
+                       : isMaximized() ? platform::WindowState::maximized
+                                       : platform::WindowState::normal;
+    gate_.run([&] { platform::input::set_window_state(*form_, state); });
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (!form_ || !sendDialogKey(*form_, gate_, *event))
+        QMainWindow::keyPressEvent(event);
+}
+
+bool MainWindow::focusNextPrevChild(bool next) {
+    return form_ && walkFocus(*form_, gate_, next);
+}
+
+} // namespace desktop

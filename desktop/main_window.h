@@ -1,0 +1,57 @@
+// MainWindow: the main form, with its menus, its bars, and the area for child windows.
+#pragma once
+
+#include "desktop/form_view.h"
+#include "desktop/form_widgets.h"
+#include "desktop/menu_bar.h"
+
+#include <QMainWindow>
+#include <QMdiArea>
+
+namespace desktop {
+
+/// The form's outer size counts a frame and a caption of the usual measures, whatever the window
+/// manager puts around it: so the size stays the same from one session to the next.
+class MainWindow : public QMainWindow, public FormView {
+  public:
+    MainWindow(platform::Form& form, EventGate& gate);
+
+    QMdiArea& childArea() { return *area_; }
+
+    QWidget& windowWidget() override { return *this; }
+    void takeOver(platform::Control& control) override;
+    void remove(platform::Control const& control) override;
+    void settle() override;
+    QWidget* focusWidgetOf(platform::Control const& control) override;
+    platform::Control* controlAt(QWidget& widget, QPoint point) override;
+    void discard() override;
+
+    /// Room inside frame, caption and menu bar, in pixels, when the outer size is this.
+    static QSize innerSize(QSize outer);
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+
+  private:
+    void takeOverForm();
+    void takeOverGeometry();
+    void layOut();
+    /// Tells the program where the window stands and what outer size it has.
+    void sendGeometry();
+    QRect formGeometry() const;
+
+    platform::Form* form_;
+    EventGate& gate_;
+    QWidget* surface_;
+    QMdiArea* area_;
+    FormMenus menus_;
+    FormWidgets widgets_;
+    bool layoutIsOld_ = true;
+};
+
+} // namespace desktop

@@ -1,0 +1,147 @@
+#include "desktop/pictures.h"
+
+#include "desktop/icons.h"
+#include "desktop/text.h"
+#include "platform/errors.h"
+
+#include <QDataStream>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QPainter>
+#include <QPixmap>
+#include <QProcess>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+
+namespace desktop {
+
+namespace {
+
+using platform::ErrorNumber;
+using platform::RuntimeError;
+
+/// A file may claim any size; more than this is a mistake or an attack.
+constexpr qint64 mostPixels = 64LL * 1024 * 1024;
+
+QImage readImage(QString const& path) {
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    auto const size = reader.size();
+    if (size.isValid() && qint64{size.width()} * size.height() > mostPixels)
+        throw RuntimeError(ErrorNumber::invalid_picture);
+    auto const image = reader.read();
+    if (image.isNull() || qint64{image.width()} * image.height() > mostPixels)
+        throw RuntimeError(ErrorNumber::invalid_picture);
+    return image;
+}
+
+/// The size that a metafile says it has, in pixels at 96 dots an inch; empty when it does not say.
+QSize sizeOfMetafile(QString const& path) {
+    struct Header {
+        quint32 key;
+        quint16 handle;
+        qint16 left, top, right, bottom;
+        quint16 unitsPerInch;
+    };
+    constexpr quint32 known = 0x9ac6cdd7;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QDataStream stream(&file);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    Header header{};
+    stream >> header.key >> header.handle >> header.left >> header.top >> header.right >>
+        header.bottom >> header.unitsPerInch;
+    if (stream.status() != QDataStream::Ok || header.key != known || header.unitsPerInch == 0)
+        return {};
+    auto const pixels = [&](int from, int to) {
+        return std::abs(to - from) * 96 / header.unitsPerInch;
+    };
+    return {pixels(header.left, header.right), pixels(header.top, header.bottom)};
+}
+
+/// Metafiles are drawings of another system; a converter beside the program makes pixels of them.
+QImage readMetafile(QString const& path) {
+    constexpr int patience = 10'000; // milliseconds
+    constexpr int largest = 3000;    // pixels, as large as a card can be
+    QTemporaryDir const folder;
+    auto const drawn = folder.filePath(QStringLiteral("picture.png"));
+    auto size = sizeOfMetafile(path);
+    QStringList words{QStringLiteral("-t"), QStringLiteral("png"), QStringLiteral("-o"), drawn};
+    if (size.isEmpty())
+        size = {largest, largest};
+    else
+        words.append(QStringLiteral("--maxpect"));
+    size = size.boundedTo({largest, largest});
+    words.append({QStringLiteral("--maxwidth=%1").arg(size.width()),
+                  QStringLiteral("--maxheight=%1").arg(size.height()), path});
+    QProcess converter;
+    converter.setStandardErrorFile(QProcess::nullDevice());
+    converter.start(QStringLiteral("wmf2gd"), words);
+    if (!converter.waitForFinished(patience)) {
+        converter.kill();
+        converter.waitForFinished();
+        throw RuntimeError(ErrorNumber::invalid_picture);
+    }
+    return readImage(drawn);
+}
+
+QPixmap const* pixmapOf(platform::Picture const& picture) {
+    return static_cast<QPixmap const*>(picture.image());
+}
+
+} // namespace
+
+platform::Picture loadPicture(std::string const& path) {
+    if (path.empty())
+        return {};
+    QFileInfo const file(toQt(path));
+    if (!file.isFile())
+        throw RuntimeError(ErrorNumber::file_not_found);
+    bool const metafile = file.suffix().compare(QLatin1String("wmf"), Qt::CaseInsensitive) == 0;
+    auto const absolute = file.absoluteFilePath();
+    auto pixmap = std::make_shared<QPixmap>(
+        QPixmap::fromImage(metafile ? readMetafile(absolute) : readImage(absolute)));
+    platform::Size const size{double(pixmap->width()), double(pixmap->height())};
+    return platform::Picture::loaded(path, size, std::move(pixmap));
+}
+
+void drawPicture(QPainter& painter, platform::Picture const& picture, QRectF const& place) {
+    if (picture.empty())
+        return;
+    if (auto const* const pixmap = pixmapOf(picture)) {
+        painter.save();
+        painter.setClipRect(place, Qt::IntersectClip);
+        painter.drawPixmap(QRectF(place.topLeft(), QSizeF(pixmap->size())), *pixmap,
+                           QRectF(pixmap->rect()));
+        painter.restore();
+        return;
+    }
+    int const size =
+        std::min({iconSize, static_cast<int>(place.width()), static_cast<int>(place.height())});
+    if (size <= 0)
+        return;
+    auto const drawing =
+        iconPixmap(toQt(picture.name()), size, painter.device()->devicePixelRatioF());
+    painter.drawPixmap(QPoint(static_cast<int>(place.left() + (place.width() - size) / 2),
+                              static_cast<int>(place.top() + (place.height() - size) / 2)),
+                       drawing);
+}
+
+void drawStretched(QPainter& painter, platform::Picture const& picture, QRectF const& place) {
+    auto const* const pixmap = pixmapOf(picture);
+    if (!pixmap)
+        return;
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(place, *pixmap, QRectF(pixmap->rect()));
+    painter.restore();
+}
+
+} // namespace desktop

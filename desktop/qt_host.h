@@ -1,0 +1,95 @@
+// QtHost: the machine as the program sees it, and the windows of its forms.
+#pragma once
+
+#include "desktop/event_gate.h"
+#include "desktop/form_view.h"
+#include "desktop/timers.h"
+#include "platform/form.h"
+#include "platform/host.h"
+
+#include <QStringList>
+
+#include <unordered_map>
+#include <vector>
+
+class QEventLoop;
+
+namespace desktop {
+
+class MainWindow;
+
+/// Lives inside the QApplication, and longer than the program's forms.
+class QtHost final : public platform::Host {
+  public:
+    /// `arguments` are the program's own words of the command line.
+    explicit QtHost(QStringList const& arguments);
+    ~QtHost() override;
+
+    /// Runs the program's entry and then its events, until the session ends. The exit code.
+    int run(std::function<void()> const& entry);
+
+    /// The main form's window; null before it has been shown.
+    QWidget* mainWindow() const;
+    Timers const& timers() const { return timers_; }
+
+    platform::Answer MsgBox(std::string_view text, int flags, std::string_view title) override;
+    std::string InputBox(std::string_view prompt, std::string_view title,
+                         std::string_view default_text) override;
+    std::string ShowOpen(platform::CommonDialog const& dialog) override;
+    std::string ShowSave(platform::CommonDialog const& dialog) override;
+    platform::Colour ShowColor(platform::Colour start, int flags) override;
+    void show_modal(platform::Form& form) override;
+
+    std::vector<std::string> fonts() const override;
+    bool accepts_font(std::string_view name) const override;
+    platform::Size measure_text(platform::Font const& font, std::string_view text) const override;
+    platform::Picture LoadPicture(std::string const& path) override;
+
+    platform::ScreenMetrics metrics() const override;
+    platform::Size inner_size(platform::Form const& form) const override;
+    platform::Date now() const override;
+    bool left_button_down() const override;
+    std::pair<double, double> mouse_position() const override;
+    platform::Control* control_under_mouse() const override;
+    std::string settings_folder() const override;
+    std::string program_folder() const override;
+    std::string command_line() const override;
+    bool open_help(std::string const& file, std::string const& topic) override;
+    bool open_link(std::string const& target) override;
+    void unhandled(std::string_view what) override;
+
+    void control_changed(platform::Control& control) override;
+    void control_added(platform::Control& control) override;
+    void control_removed(platform::Control& control) override;
+    void pointer_changed(int number) override;
+    void timer_changed(platform::Timer& timer) override;
+
+  private:
+    class BoxOpen;
+    struct ModalLoop {
+        platform::Form* form;
+        QEventLoop* loop;
+    };
+
+    void bringUpToDate();
+    void showFocus();
+    void endSession();
+    FormView* viewOf(platform::Control const& form) const;
+    FormView* ensureView(platform::Form& form);
+    FormView* makeView(platform::Form& form);
+    QWidget* boxOwner() const;
+    /// The control that a point of some widget belongs to; null for none.
+    platform::Control* controlOf(QWidget& widget, QPoint point) const;
+
+    EventGate gate_;
+    Timers timers_;
+    QString commandLine_;
+    std::vector<platform::Control*> marked_;
+    std::unordered_map<platform::Control const*, FormView*> views_;
+    MainWindow* mainWindow_ = nullptr;
+    std::vector<ModalLoop> modalLoops_;
+    bool showsHourglass_ = false;
+    bool reportsFailure_ = false;
+};
+
+} // namespace desktop

@@ -1,0 +1,47 @@
+#include "desktop/screenshot.h"
+
+#include "desktop/qt_host.h"
+
+#include <QCoreApplication>
+#include <QPixmap>
+#include <QTimer>
+#include <QWidget>
+
+#include <algorithm>
+#include <cstring>
+
+namespace desktop {
+
+Screenshot::Screenshot(int& argc, char* argv[]) {
+    auto** const end = argv + argc;
+    auto** const option = std::find_if(
+        argv, end, [](char const* word) { return !std::strcmp(word, "--screenshot"); });
+    if (end - option < 2)
+        return;
+    file_ = option[1];
+    std::move(option + 2, end, option);
+    argc -= 2;
+    argv[argc] = nullptr;
+    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
+        !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+void Screenshot::takeFrom(QtHost& host) const {
+    if (file_.empty())
+        return;
+    constexpr int between = 200; // milliseconds between two looks
+    constexpr int soon = 100;    // a timer of less than this still changes the window
+    auto* const look = new QTimer(qApp);
+    look->callOnTimeout([look, &host, file = file_] {
+        auto* const window = host.mainWindow();
+        if (!window || !window->isVisible() || host.timers().isAnyShorterThan(soon))
+            return;
+        look->stop();
+        bool const saved = window->grab().save(QString::fromStdString(file));
+        QCoreApplication::exit(saved ? 0 : 1);
+    });
+    look->start(between);
+}
+
+} // namespace desktop

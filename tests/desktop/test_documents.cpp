@@ -1,0 +1,108 @@
+// New, open, save and close with real clicks and keys.
+#include "tests/desktop/real_program.h"
+
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+
+namespace kehystin {
+
+using Documents = RealProgram;
+
+TEST_F(Documents, ACardThatIsResizedByItsBorderIsSavedWithCtrlS) {
+    auto const path = copy_of(QStringLiteral("asiakkaat.krt"));
+    start(path);
+    int const width = card.width;
+    card_window()->resize(width + 40, card.height);
+    ASSERT_TRUE(soon([] { return static_cast<bool>(session.cardModified); }));
+    EXPECT_EQ(fCard->Width, (width + 40) * 15);
+    EXPECT_TRUE(action(QStringLiteral("Tallenna"))->isEnabled());
+    QTest::keyClick(window(), Qt::Key_S, Qt::ControlModifier);
+    ASSERT_TRUE(soon([] { return !session.cardModified; }));
+    EXPECT_FALSE(action(QStringLiteral("Tallenna"))->isEnabled());
+    QFile saved(path);
+    ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(saved.readAll().startsWith("+----"));
+}
+
+TEST_F(Documents, TheCardsCloseButtonAsksAndTheTimerCloses) {
+    start(QStringLiteral("examples/vanha.krt"));
+    {
+        NextBox refused(QStringLiteral("Peruuta"));
+        card_window()->close();
+        EXPECT_TRUE(refused.was_shown());
+        QTest::qWait(50);
+        EXPECT_TRUE(card_window());
+    }
+    NextBox agreed(QStringLiteral("OK"));
+    card_window()->close();
+    EXPECT_TRUE(soon([&] { return !card_window(); }));
+    EXPECT_EQ(window()->windowTitle(), QStringLiteral(" Kehystin 5.6"));
+    EXPECT_FALSE(action(QStringLiteral("Sulje"))->isEnabled());
+}
+
+TEST_F(Documents, ANewCardIsNamedAndShown) {
+    start();
+    QTimer name_it;
+    name_it.callOnTimeout([&] {
+        auto* const box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        name_it.stop();
+        auto* const line = find_child<QLineEdit>(*box);
+        line->clear();
+        line->insert(QStringLiteral("Jäsenkortti")); // QTest types no letters beyond ASCII
+        QTest::keyClick(line, Qt::Key_Return);
+    });
+    name_it.start(20);
+    action(QStringLiteral("Uusi..."))->trigger();
+    ASSERT_TRUE(card_window());
+    EXPECT_EQ(card.name.trimmed(), "Jäsenkortti");
+    EXPECT_EQ(card_window()->windowTitle().trimmed(), QStringLiteral("Jäsenkortti"));
+    EXPECT_EQ(window()->windowTitle(), QStringLiteral(" Kehystin 5.6 - Uusi kortti"));
+}
+
+TEST_F(Documents, ClickingACheckBoxOnTheCardLeavesNoTrace) {
+    start(QStringLiteral("examples/asiakkaat.krt"));
+    for (int i = 1; i <= card.fields; ++i) {
+        auto const& one = field(i);
+        if (one.style != int(Style::CHK))
+            continue;
+        auto const before = fCard->chk(i).Value.get();
+        QTest::mouseClick(canvas(), Qt::LeftButton, {}, QPoint(one.left + 8, one.top + 8));
+        EXPECT_EQ(fCard->chk(i).Value, before);
+    }
+    EXPECT_FALSE(static_cast<bool>(session.cardModified));
+}
+
+TEST_F(Documents, TheMainWindowsCloseButtonEndsTheSessionAndWritesTheSettings) {
+    start(QStringLiteral("examples/vanha.krt"));
+    QTimer::singleShot(0, qApp, [&] { window()->close(); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_EQ(QFileInfo(folder.filePath(QStringLiteral("kehystin/editor53.ini"))).size(), 730);
+}
+
+TEST_F(Documents, F6HidesTheFieldBarAndCentresTheCard) {
+    start(QStringLiteral("examples/vanha.krt"));
+    int const left = card_window()->x();
+    QTest::keyClick(window(), Qt::Key_F6);
+    ASSERT_TRUE(soon([] { return !fEditor->fldBar.Visible; }));
+    EXPECT_FALSE(action(QStringLiteral("Kentät"))->isChecked());
+    EXPECT_EQ(card_window()->x(), left + 20);
+}
+
+TEST_F(Documents, F1AsAKeyKeepsThePageOfThePlaceAndTheEntryOpensTheContents) {
+    start(QStringLiteral("examples/vanha.krt"));
+    session.helpTopic = "kentat_kortti.htm";
+    {
+        NextBox missing(QStringLiteral("OK"));
+        QTest::keyClick(window(), Qt::Key_F1);
+        ASSERT_TRUE(soon([&] { return missing.was_shown(); }));
+    }
+    EXPECT_EQ(session.helpTopic, "kentat_kortti.htm");
+    NextBox missing(QStringLiteral("OK"));
+    action(QStringLiteral("Hakemisto"))->trigger();
+    EXPECT_EQ(session.helpTopic, "sisallys.htm");
+}
+
+} // namespace kehystin

@@ -61,13 +61,18 @@ void bring_up_card() {
     fEditor->focusTimer.Enabled = true;
 }
 
-/// The session without a card, behind a close and behind a card that could not be shown.
-void show_no_card() {
-    card.name = "";
+/// A grey card of the usual size without fields. The other members stay as the last card left them.
+void empty_card(std::string_view name) {
+    card.name = name;
     card.color = colours::light_grey;
     card.width = 250;
     card.height = 250;
     card.fields = 0;
+}
+
+/// The session without a card, behind a close and behind a card that could not be shown.
+void show_no_card() {
+    empty_card("");
     clear_card_changed();
     using enum Code;
     UpdateCommandState(off, off, off, off, off, off);
@@ -88,11 +93,7 @@ bool show_card() {
 }
 
 void make_blank_card() {
-    card.name = "Uusi";
-    card.color = colours::light_grey;
-    card.width = 250;
-    card.height = 250;
-    card.fields = 0;
+    empty_card("Uusi");
     card.STPP = Integer(host().metrics().TwipsPerPixelX);
     card.ID = "";
     session.needNewID = true;

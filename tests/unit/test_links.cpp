@@ -97,6 +97,9 @@ TEST_F(Links, DistanceOfATitleUpAndLeftIsRoundedToEven) {
     EXPECT_EQ(link_distance(title, add_field(Style::TXT, 13, 14, 10, 10)), 5);
     EXPECT_EQ(link_distance(title, add_field(Style::TXT, 11, 12, 10, 10)), 2);
     EXPECT_EQ(link_distance(title, add_field(Style::TXT, 40, 10, 10, 10)), 30);
+    // Where edges touch, the gap of the other direction counts.
+    EXPECT_EQ(link_distance(title, add_field(Style::TXT, 10, 14, 10, 10)), 4);
+    EXPECT_EQ(link_distance(title, add_field(Style::TXT, 10, 10, 10, 10)), 0);
 }
 
 TEST_F(Links, RecordsAndLinesFollowTheChoice) {

@@ -124,7 +124,8 @@ constexpr auto button_table =
     joined(control_rows, text_rows,
            own(entry<&Button::Caption>("Caption"), entry<&Button::Picture>("Picture"),
                entry<&Button::Default>("Default"), entry<&Button::Cancel>("Cancel"),
-               entry<&Button::DragMode>("DragMode")));
+               entry<&Button::DragMode>("DragMode"), entry<&Button::DragWidth>("DragWidth"),
+               entry<&Button::DragHeight>("DragHeight")));
 constexpr auto scroll_bar_table = joined(
     control_rows, own(entry<&ScrollBar::Value>("Value"), entry<&ScrollBar::Min>("Min"),
                       entry<&ScrollBar::Max>("Max"), entry<&ScrollBar::SmallChange>("SmallChange"),

@@ -225,6 +225,10 @@ class Button : public TextControl {
     Property<bool> Cancel{*this, false};
     /// The user can drag the button onto a form.
     Property<bool> DragMode{*this, false};
+    /// The size of what a drag will leave on the form, in pixels, for the outline that follows the
+    /// pointer; 0 where it is not known.
+    Property<double> DragWidth{*this};
+    Property<double> DragHeight{*this};
 
     ControlClass control_class() const override { return ControlClass::button; }
     std::span<PropertyEntry const> properties() const override;

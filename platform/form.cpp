@@ -21,7 +21,7 @@ Form::~Form() {
 
 void Form::ShowModal() {
     auto& system = System::current();
-    auto* const focus_before = system.focused();
+    system.focus_before_.push_back(system.focused());
     system.move_focus(nullptr);
     system.modal_.push_back(this);
     closing_ = false;
@@ -35,6 +35,8 @@ void Form::ShowModal() {
         host().show_modal(*this);
     Visible = false;
     std::erase(system.modal_, this);
+    auto* const focus_before = system.focus_before_.back();
+    system.focus_before_.pop_back();
     if (focus_before && focus_before->can_take_focus())
         system.move_focus(focus_before);
 }

@@ -118,6 +118,18 @@ MouseArguments arguments_for(Control& control, double x, double y) {
     return {mouse.button, mouse.shift, left * factor, top * factor};
 }
 
+/// A handler may unload the form that raised its event.
+bool is_loaded(Form const& form) {
+    auto const& forms = System::current().forms();
+    return std::find(forms.begin(), forms.end(), &form) != forms.end();
+}
+
+/// Raises a mouse event. The handler is copied: it may take away the control that holds it.
+void raise(MouseEvent const& event, Control& target, MouseArguments const& arguments) {
+    if (auto const handler = event)
+        handler(target.index(), arguments);
+}
+
 bool is_inside(Control& control, double x, double y) {
     auto* const found = object_at(control.form(), x, y);
     return found == &control;
@@ -154,7 +166,8 @@ void focus(Control& control) {
 
 void type(Control& control, std::string_view text) {
     require_reachable(control);
-    while (!text.empty()) {
+    auto const& form = control.form();
+    while (!text.empty() && is_loaded(form)) {
         auto const utf8 = Left(text, 1);
         text.remove_prefix(utf8.size());
         auto const byte = to_code_page(utf8);
@@ -258,8 +271,8 @@ void mouse_press(Form& form, double x, double y, bool modifier, int button) {
     System::at_edge([&] {
         auto& target = *mouse.captured;
         focus_on_click(target);
-        if (mouse.captured == &target && target.MouseDown)
-            target.MouseDown(target.index(), arguments_for(target, x, y));
+        if (mouse.captured == &target)
+            raise(target.MouseDown, target, arguments_for(target, x, y));
     });
 }
 
@@ -274,10 +287,7 @@ void mouse_move(Form& form, double x, double y) {
     } else if (&target->form() != &form) {
         return;
     }
-    System::at_edge([&] {
-        if (target->MouseMove)
-            target->MouseMove(target->index(), arguments_for(*target, x, y));
-    });
+    System::at_edge([&] { raise(target->MouseMove, *target, arguments_for(*target, x, y)); });
 }
 
 void mouse_release(Form& form, double x, double y) {
@@ -288,8 +298,7 @@ void mouse_release(Form& form, double x, double y) {
     System::at_edge([&] {
         auto const arguments = arguments_for(*target, x, y);
         bool const clicked = target != &form && is_inside(*target, x, y);
-        if (target->MouseUp)
-            target->MouseUp(target->index(), arguments);
+        raise(target->MouseUp, *target, arguments);
         // The release may have taken the object away with the whole form.
         bool const still_there = mouse.captured == target;
         mouse = {};
@@ -303,6 +312,8 @@ void mouse_double_press(Form& form, double x, double y, bool modifier) {
     mouse_press(form, x, y, modifier);
     mouse_release(form, x, y);
     // The first click may have changed what stands there.
+    if (!is_loaded(form) || !form.is_shown())
+        return;
     auto* const target = object_at(form, x, y);
     System::at_edge([&] { (target ? *target : form).DblClick(target ? target->index() : -1); });
 }
@@ -313,8 +324,8 @@ void drop(Control& source, Form& form, double x, double y) {
     if (object_at(form, x, y))
         return; // what stands on a form takes no drops, and hides the form under it
     System::at_edge([&] {
-        if (form.DragDrop)
-            form.DragDrop(source, pixels_to_form_units(form, x), pixels_to_form_units(form, y));
+        if (auto const handler = form.DragDrop)
+            handler(source, pixels_to_form_units(form, x), pixels_to_form_units(form, y));
     });
 }
 
@@ -336,9 +347,9 @@ void close(Form& form) {
     require_reachable(form);
     System::at_edge([&] {
         bool cancel = false;
-        if (form.QueryUnload)
-            form.QueryUnload(true, cancel);
-        if (!cancel)
+        if (auto const handler = form.QueryUnload)
+            handler(true, cancel);
+        if (!cancel && is_loaded(form))
             form.Close();
     });
 }

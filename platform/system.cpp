@@ -2,6 +2,7 @@
 
 #include "platform/errors.h"
 
+#include <algorithm>
 #include <cassert>
 #include <new>
 
@@ -64,6 +65,8 @@ void System::move_focus(Control* control) {
 void System::forget(Control const& control) {
     if (focused_ == &control)
         focused_ = nullptr;
+    std::replace(focus_before_.begin(), focus_before_.end(), const_cast<Control*>(&control),
+                 static_cast<Control*>(nullptr));
     if (mouse_.captured == &control)
         mouse_ = {};
 }

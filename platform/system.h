@@ -64,6 +64,8 @@ class System {
     std::vector<Form*> modal_;
     std::vector<Timer*> timers_;
     Control* focused_ = nullptr;
+    /// Who had the keyboard before each modal form, null where nobody did or it is gone.
+    std::vector<Control*> focus_before_;
     int pointer_ = 0;
     Mouse mouse_;
 };

@@ -12,14 +12,19 @@
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
 #include "links/link_engine.h"
-#include "model/card.h"
+#include "model/default_looks.h"
 #include "model/session.h"
-#include "panel/card_rows.h"
 #include "panel/focus_memory.h"
 #include "panel/panel_fit.h"
+#include "panel/rows.h"
 #include "panel/selector.h"
+#include "platform/host.h"
+#include "platform/system.h"
+#include "properties/card_rows.h"
+#include "surface/adding.h"
 #include "surface/frames.h"
 #include "surface/grid.h"
+#include "surface/selection.h"
 
 namespace kehystin {
 
@@ -41,9 +46,7 @@ void closeTimer_Timer() {
 void MDIForm_Click() {
     if (!session.cardFormLoaded)
         return;
-    for (int i = 0; i <= card.fields; ++i)
-        if (fCard->focus.has(i)) // a surface that could not be built to its end lacks some
-            fCard->focus(i).Visible = false;
+    zip_focus();
     fEditor->cmb_field.ListIndex = -1;
     using enum Code;
     UpdateCommandState(keep, off, off, off, off, keep);
@@ -74,6 +77,10 @@ void wire_menus(EditorForm& form) {
     form.cmd_lopeta.Click = cmd_lopeta_Click;
     form.cmd_card_center.Click = cmd_card_center_Click;
     form.cmd_card_autocenter.Click = cmd_card_autocenter_Click;
+    form.cmd_card_size.Click = cmd_card_size_Click;
+    form.cmd_card_autosize.Click = cmd_card_autosize_Click;
+    form.cmd_field_add.Click = cmd_field_add_Click;
+    form.cmd_field_del.Click = cmd_field_del_Click;
     form.cmd_link_automatic.Click = cmd_link_automatic_Click;
     form.cmd_lock.Click = cmd_lock_Click;
     form.cmd_fldBar.Click = cmd_fldBar_Click;
@@ -82,8 +89,43 @@ void wire_menus(EditorForm& form) {
     form.cmd_icoBar.Click = cmd_icoBar_Click;
     form.cmd_stsBar.Click = cmd_stsBar_Click;
     form.cmd_grid_show.Click = cmd_grid_show_Click;
+    form.cmd_grid_snap.Click = cmd_grid_snap_Click;
     form.cmd_guide_show.Click = cmd_guide_show_Click;
+    form.cmd_guide_snap.Click = cmd_guide_snap_Click;
     form.cmd_help_index.Click = cmd_help_index_Click;
+}
+
+/// A resize pointer that was left over from the card does not stay on the bar.
+void fldBar_MouseMove(int, MouseArguments const&) {
+    System::current().set_MousePointer(pointer::normal);
+}
+
+void wire_field_bar(EditorForm& form) {
+    form.fldBar.MouseMove = fldBar_MouseMove;
+    for (auto* const button : {&form.drag_ots, &form.drag_txt, &form.drag_stx, &form.drag_chk,
+                               &form.drag_opt, &form.drag_cmb, &form.drag_img, &form.drag_lst})
+        button->MouseDown = [button](int, MouseArguments const&) {
+            close_tip();
+            auto const& look = default_look(kind_of(std::string_view(button->Tag.get()))->style);
+            button->DragWidth = look.width;
+            button->DragHeight = look.height;
+        };
+}
+
+void wire_panel(EditorForm& form) {
+    form.cmb_field.Click = cmb_field_Click;
+    form.scr_pro.Change = scr_pro_Change;
+    for (auto const& row : panel_rows()) {
+        form.labProp(static_cast<int>(row.row)).Click = labProp_Click;
+        (form.*row.editor).GotFocus = [number = row.row] { row_GotFocus(number); };
+    }
+    form.txt_name.Change = txt_name_Change;
+    form.txt_width.Change = txt_width_Change;
+    form.txt_height.Change = txt_height_Change;
+    form.txt_width.LostFocus = txt_width_LostFocus;
+    form.txt_height.LostFocus = txt_height_LostFocus;
+    form.scr_width.Change = scr_width_Change;
+    form.scr_height.Change = scr_height_Change;
 }
 
 } // namespace
@@ -97,9 +139,8 @@ void wire_editor_form() {
     wire_menus(form);
     form.ico.prototype().Click = ico_Click;
     form.cmd_close_pro.Click = cmd_proBar_Click;
-    form.cmb_field.Click = cmb_field_Click;
-    form.scr_pro.Change = scr_pro_Change;
-    form.txt_name.Change = txt_name_Change;
+    wire_field_bar(form);
+    wire_panel(form);
     form.startFocus.Tick = startFocus_Timer;
     form.closeTimer.Tick = closeTimer_Timer;
     form.paintTimer.Tick = paintTimer_Timer;

@@ -23,6 +23,7 @@
 #include "surface/frames.h"
 #include "surface/grid.h"
 #include "surface/load_card.h"
+#include "surface/rebuild.h"
 
 #include <utility>
 
@@ -59,37 +60,6 @@ void bring_up_card() {
     FillLinkList();
     command_state_of_rebuilt_card();
     fEditor->focusTimer.Enabled = true;
-}
-
-/// A grey card of the usual size without fields. The other members stay as the last card left them.
-void empty_card(std::string_view name) {
-    card.name = name;
-    card.color = colours::light_grey;
-    card.width = 250;
-    card.height = 250;
-    card.fields = 0;
-}
-
-/// The session without a card, behind a close and behind a card that could not be shown.
-void show_no_card() {
-    empty_card("");
-    clear_card_changed();
-    using enum Code;
-    UpdateCommandState(off, off, off, off, off, off);
-    fEditor->Caption = session.appTitle;
-    if (fEditor->cmd_fldBar.Checked)
-        cmd_fldBar_Click();
-    if (fEditor->cmd_proBar.Checked)
-        cmd_proBar_Click();
-    upd_sts();
-}
-
-/// Builds the surface; without it the session has no card.
-bool show_card() {
-    if (load_card())
-        return true;
-    show_no_card();
-    return false;
 }
 
 void make_blank_card() {

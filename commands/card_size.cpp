@@ -2,7 +2,10 @@
 
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
+#include "model/card.h"
 #include "model/session.h"
+
+#include <algorithm>
 
 namespace kehystin {
 
@@ -30,6 +33,38 @@ void cmd_card_center_Click() {
 void cmd_card_autocenter_Click() {
     fEditor->cmd_card_autocenter.Checked = !fEditor->cmd_card_autocenter.Checked;
     if (fEditor->cmd_card_autocenter.Checked)
+        center_card();
+}
+
+void fit_card() {
+    constexpr int least_right = 35;
+    constexpr int least_bottom = 15;
+    constexpr int room_across = 35; // pixels behind the last field, with the window's frame
+    constexpr int room_down = 45;
+    Integer right = least_right;
+    Integer bottom = least_bottom;
+    for (int i = 1; i <= card.fields; ++i) {
+        right = std::max(right, field(i).right());
+        bottom = std::max(bottom, field(i).bottom());
+    }
+    fEditor->cmb_field.ListIndex = 0;
+    fEditor->scr_width.Value = -(right + room_across);
+    fEditor->scr_height.Value = -(bottom + room_down);
+    constexpr double twips_per_pixel = 15;
+    size_card_frame(fCard->Width / twips_per_pixel, fCard->Height / twips_per_pixel);
+}
+
+void cmd_card_size_Click() {
+    fit_card();
+}
+
+void cmd_card_autosize_Click() {
+    auto& form = *fEditor;
+    form.cmd_card_autosize.Checked = !form.cmd_card_autosize.Checked;
+    form.cmd_card_size.Enabled = !form.cmd_card_autosize.Checked;
+    if (form.cmd_card_autosize.Checked)
+        fit_card();
+    if (form.cmd_card_autocenter.Checked)
         center_card();
 }
 

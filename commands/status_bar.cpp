@@ -14,23 +14,6 @@ constexpr std::string_view place_template = " Sijainti:  X, Y  ";
 constexpr std::string_view size_template = " Koko:  W x H  ";
 constexpr std::string_view caption_template = " Otsikon merkit:  X / max 100  ";
 
-struct Selection {
-    int count = 0;
-    int last = 0;
-};
-
-Selection selected_fields() {
-    Selection selection;
-    if (!session.cardFormLoaded)
-        return selection;
-    for (int i = 1; i <= card.fields; ++i)
-        if (fCard->focus.has(i) && fCard->focus(i).Visible) {
-            ++selection.count;
-            selection.last = i;
-        }
-    return selection;
-}
-
 std::string card_panel() {
     if (!session.cardFormLoaded)
         return " Ei korttia  ";
@@ -62,12 +45,12 @@ void show_field(int number) {
 
 void upd_sts() {
     try {
-        auto const selection = selected_fields();
+        auto const selected = selected_fields();
         fEditor->stsBar.set_Panels(1, card_panel());
-        if (selection.count == 0)
+        if (selected.empty())
             show_templates(" Ei valittuja kenttiä  ");
-        else if (selection.count == 1)
-            show_field(selection.last);
+        else if (selected.size() == 1)
+            show_field(selected.front());
         else
             show_templates(" Useita kenttiä valittu  ");
     } catch (RuntimeError const& error) {

@@ -37,4 +37,23 @@ TextControl& CardForm::visual(Style style, int number) {
     throw RuntimeError(ErrorNumber::subscript_out_of_range);
 }
 
+TextControl* CardForm::visual_of(int number) {
+    auto const* kind = kind_of(field(number).style);
+    // Frame and object of a field are made together.
+    return kind && focus.has(number) ? &visual(kind->style, number) : nullptr;
+}
+
+bool CardForm::is_selected(int number) {
+    return focus.has(number) && focus(number).Visible;
+}
+
+std::vector<int> selected_fields() {
+    std::vector<int> numbers;
+    if (fCard)
+        for (int i = 1; i <= card.fields; ++i)
+            if (fCard->is_selected(i))
+                numbers.push_back(i);
+    return numbers;
+}
+
 } // namespace kehystin

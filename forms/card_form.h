@@ -2,10 +2,12 @@
 // It lives while a card is open.
 #pragma once
 
+#include "model/card.h"
 #include "model/kinds.h"
 #include "platform/form.h"
 
 #include <memory>
+#include <vector>
 
 namespace kehystin {
 
@@ -36,11 +38,26 @@ class CardForm : public Form {
     Timer focusTimer{this, "focusTimer", 20, false};
     Timer resizeTimer{this, "resizeTimer", 50, false};
 
+    /// Where a press on a field happened: twips from the field's corner, or pixels on the surface
+    /// for a field that was pressed through it.
+    Integer grabX;
+    Integer grabY;
+    /// Where a rubber band began, in pixels.
+    Integer bandX;
+    Integer bandY;
+
     /// The object that shows field `number`, which is of that style.
     TextControl& visual(Style style, int number);
+    /// The object that shows a field, by its record; null where none could be built.
+    TextControl* visual_of(int number);
+    /// A field is selected when its frame shows; there is no other record of the selection.
+    bool is_selected(int number);
 };
 
 /// The surface; null while no card is open.
 extern std::unique_ptr<CardForm> fCard;
+
+/// Numbers of the selected fields, ascending; none without a surface.
+std::vector<int> selected_fields();
 
 } // namespace kehystin

@@ -1,6 +1,7 @@
 #include "forms/editor_form.h"
 
 #include "forms/panel_rows.h"
+#include "model/card.h"
 #include "model/kinds.h"
 
 #include <initializer_list>
@@ -70,25 +71,60 @@ void build_panel(EditorForm& form) {
     form.proBar.Visible = false;
 }
 
-void build_rows(EditorForm& form) {
-    for (auto const& row : panel_rows()) {
-        auto& caption = form.labProp.Load(row.number);
-        caption.Caption = std::string(row.caption);
-        caption.BackStyle = 0;
-        caption.Move(60, 0, 1140, row_height);
-        auto& editor = form.*row.editor;
-        editor.Move(value_left + 30, 0, 1530, row_height - 60);
-        editor.BackColor = colours::white;
-        editor.Visible = false;
-        if (row.scroll) {
-            auto& scroll = form.*row.scroll;
-            scroll.Min = -32768;
-            scroll.Move(2610, 0, 180, row_height);
-            scroll.Visible = false;
-        }
-        if (row.list)
-            (form.*row.list).Visible = false;
+void place_button(EditorForm& form, PanelRow const& row) {
+    // The buttons that stay where they are stand where the rows' scroll bar never covers them.
+    constexpr double fixed_left = 2370;
+    auto& button = form.*row.button;
+    bool const opens_dialog = !row.list && row.row != Row::list;
+    button.Caption = opens_dialog ? "…" : "▾";
+    bool const moves = row.fit == Fit::editor_and_button;
+    button.Move(moves ? row_button_left : fixed_left, 0, 270, row_height);
+    button.Visible = false;
+}
+
+void build_row(EditorForm& form, PanelRow const& row) {
+    auto& caption = form.labProp.Load(static_cast<int>(row.row));
+    caption.Caption = std::string(row.caption);
+    caption.BackStyle = 0;
+    caption.Move(60, 0, caption_right - 60, row_height - 60);
+    auto& editor = form.*row.editor;
+    editor.Move(value_left + 30, 0, row.width, row_height - 60);
+    editor.BackColor = colours::white;
+    editor.Visible = false;
+    if (row.scroll) {
+        auto& scroll = form.*row.scroll;
+        scroll.Min = -32768;
+        scroll.Move(row_scroll_left, 0, 180, row_height);
+        scroll.Visible = false;
     }
+    if (row.button)
+        place_button(form, row);
+    if (row.swatch) {
+        auto& swatch = form.*row.swatch;
+        swatch.Move(value_left + 105, 0, 900, row_height - 60);
+        swatch.Visible = false;
+    }
+    if (row.list)
+        (form.*row.list).Visible = false;
+}
+
+void build_list_editor(EditorForm& form) {
+    form.bot_list.Move(0, 0, value_right, 1845);
+    form.bot_list.BackColor = face;
+    form.bot_list.Visible = false;
+    form.lst_list.Move(60, 60, value_right - 120, 1320);
+    double left = 60;
+    for (auto* const button : {&form.cmd_list_add, &form.cmd_list_change, &form.cmd_list_del,
+                               &form.cmd_list_up, &form.cmd_list_down}) {
+        button->Move(left, 1425, 345, 345);
+        left += 375;
+    }
+}
+
+void build_rows(EditorForm& form) {
+    for (auto const& row : panel_rows())
+        build_row(form, row);
+    build_list_editor(form);
 }
 
 } // namespace

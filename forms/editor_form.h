@@ -5,10 +5,12 @@
 #include "platform/form.h"
 
 #include <memory>
+#include <vector>
 
 namespace kehystin {
 
 using namespace platform;
+struct Field;
 
 /// Lengths in twips. Names of entries and controls are those that the scenarios use.
 class EditorForm : public Form {
@@ -142,11 +144,33 @@ class EditorForm : public Form {
     TextBox txt_border{&proPic, "txt_border"};
     TextBox txt_linkitys{&proPic, "txt_linkitys"};
     TextBox txt_linkki{&proPic, "txt_linkki"};
+    // The colours of rows 8 and 9.
+    PictureBox FC{&proPic, "FC"};
+    PictureBox BC{&proPic, "BC"};
     ScrollBar scr_size{&proPic, "scr_size"};
     ScrollBar scr_left{&proPic, "scr_left"};
     ScrollBar scr_top{&proPic, "scr_top"};
     ScrollBar scr_width{&proPic, "scr_width"};
     ScrollBar scr_height{&proPic, "scr_height"};
+    // Drop buttons, at the right end of their rows.
+    Button cmd_list{&proPic, "cmd_list"};
+    Button cmd_fontName{&proPic, "cmd_fontName"};
+    Button cmd_fontSize{&proPic, "cmd_fontSize"};
+    Button cmd_fontBold{&proPic, "cmd_fontBold"};
+    Button cmd_fontItalic{&proPic, "cmd_fontItalic"};
+    Button cmd_fc{&proPic, "cmd_fc"};
+    Button cmd_bc{&proPic, "cmd_bc"};
+    Button cmd_value{&proPic, "cmd_value"};
+    Button cmd_transp{&proPic, "cmd_transp"};
+    Button cmd_link{&proPic, "cmd_link"};
+    Button cmd_picture{&proPic, "cmd_picture"};
+    Button cmd_alignment{&proPic, "cmd_alignment"};
+    Button cmd_scale{&proPic, "cmd_scale"};
+    Button cmd_imgfile{&proPic, "cmd_imgfile"};
+    Button cmd_border{&proPic, "cmd_border"};
+    Button cmd_linkitys{&proPic, "cmd_linkitys"};
+    Button cmd_linkki{&proPic, "cmd_linkki"};
+    // Pop-up lists.
     ListBox lst_fontName{&proPic, "lst_fontName"};
     ListBox lst_fontSize{&proPic, "lst_fontSize"};
     ListBox lst_boolean{&proPic, "lst_boolean"};
@@ -156,9 +180,20 @@ class EditorForm : public Form {
     ListBox lst_border{&proPic, "lst_border"};
     ListBox lst_linkitys{&proPic, "lst_linkitys"};
     ListBox lst_linkki{&proPic, "lst_linkki"};
+    // The list editor of a drop-down field.
+    PictureBox bot_list{&proPic, "bot_list"};
+    ListBox lst_list{&bot_list, "lst_list"};
+    Button cmd_list_add{&bot_list, "cmd_list_add"};
+    Button cmd_list_change{&bot_list, "cmd_list_change"};
+    Button cmd_list_del{&bot_list, "cmd_list_del"};
+    Button cmd_list_up{&bot_list, "cmd_list_up"};
+    Button cmd_list_down{&bot_list, "cmd_list_down"};
 
     /// Invisible sample of the font that new fields start with; the reader tries font names on it.
     Label testFont{this, "testFont"};
+
+    /// Where the fields stood when surface/undo last looked; element 0 is not used.
+    std::vector<Field> undoFields;
 
     Timer startFocus{this, "startFocus", 50, true};
     Timer closeTimer{this, "closeTimer", 10, false};

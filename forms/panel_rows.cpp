@@ -7,39 +7,112 @@ namespace kehystin {
 namespace {
 
 using E = EditorForm;
+using enum Row;
 
-constexpr std::array<PanelRow, 25> rows = {{
-    {1, "Otsikko", &E::txt_caption},
-    {2, "Koko", &E::txt_size, &E::scr_size},
-    {3, "Lista", &E::txt_list},
-    {4, "Fontti", &E::txt_fontName, nullptr, &E::lst_fontName},
-    {5, "Pistekoko", &E::txt_fontSize, nullptr, &E::lst_fontSize},
-    {6, "Lihavoitu", &E::txt_fontBold, nullptr, &E::lst_boolean},
-    {7, "Kursivoitu", &E::txt_fontItalic, nullptr, &E::lst_boolean},
-    {8, "Tekstin väri", &E::txt_fc},
-    {9, "Taustan väri", &E::txt_bc},
-    {10, "Vasemmalta", &E::txt_left, &E::scr_left},
-    {11, "Ylhäältä", &E::txt_top, &E::scr_top},
-    {12, "Leveys", &E::txt_width, &E::scr_width},
-    {13, "Korkeus", &E::txt_height, &E::scr_height},
-    {14, "Alkuarvo", &E::txt_value, nullptr, &E::lst_value},
-    {15, "Nimi", &E::txt_name},
-    {16, "Läpinäkyvä", &E::txt_transp, nullptr, &E::lst_boolean},
-    {17, "Linkitettävä", &E::txt_link, nullptr, &E::lst_boolean},
-    {18, "Taustakuva", &E::txt_picture},
-    {19, "Tab-indeksi", &E::txt_tabindex},
-    {20, "Tasaus", &E::txt_align, nullptr, &E::lst_align},
-    {21, "Skaalaus", &E::txt_scale, nullptr, &E::lst_scale},
-    {22, "Kuvatiedosto", &E::txt_imgfile},
-    {23, "Kehys", &E::txt_border, nullptr, &E::lst_border},
-    {24, "Linkitys", &E::txt_linkitys, nullptr, &E::lst_linkitys},
-    {25, "Linkki", &E::txt_linkki, nullptr, &E::lst_linkki},
-}};
+constexpr double text_width = 1530;
+constexpr double number_width = 1350; // leaves room for a scroll bar
+constexpr double word_width = 1260;   // leaves room for a button
+
+constexpr PanelRow text(Row row, std::string_view caption, TextBox E::*editor) {
+    return {row, caption, editor, text_width, Fit::editor};
+}
+
+constexpr PanelRow number(Row row, std::string_view caption, TextBox E::*editor,
+                          ScrollBar E::*scroll) {
+    return {row, caption, editor, number_width, Fit::editor, nullptr, scroll};
+}
+
+constexpr PanelRow words(Row row, std::string_view caption, TextBox E::*editor, Button E::*button,
+                         ListBox E::*list, Fit fit = Fit::nothing) {
+    return {row, caption, editor, word_width, fit, button, nullptr, list};
+}
+
+constexpr PanelRow dialog(Row row, std::string_view caption, TextBox E::*editor, Button E::*button,
+                          PictureBox E::*swatch = nullptr) {
+    auto const fit = swatch ? Fit::editor_and_button : Fit::nothing;
+    return {row, caption, editor, word_width, fit, button, nullptr, nullptr, swatch};
+}
+
+// clang-format off
+constexpr auto with_button = Fit::editor_and_button;
+
+constexpr std::array table = {
+    text(caption, "Otsikko", &E::txt_caption),
+    number(size, "Koko", &E::txt_size, &E::scr_size),
+    PanelRow{list, "Lista", &E::txt_list, word_width, with_button, &E::cmd_list},
+    words(font_name, "Fontti", &E::txt_fontName, &E::cmd_fontName, &E::lst_fontName, with_button),
+    words(font_size, "Pistekoko", &E::txt_fontSize, &E::cmd_fontSize, &E::lst_fontSize, with_button),
+    words(bold, "Lihavoitu", &E::txt_fontBold, &E::cmd_fontBold, &E::lst_boolean, with_button),
+    words(italic, "Kursivoitu", &E::txt_fontItalic, &E::cmd_fontItalic, &E::lst_boolean, with_button),
+    dialog(fore_color, "Tekstin väri", &E::txt_fc, &E::cmd_fc, &E::FC),
+    dialog(back_color, "Taustan väri", &E::txt_bc, &E::cmd_bc, &E::BC),
+    number(left, "Vasemmalta", &E::txt_left, &E::scr_left),
+    number(top, "Ylhäältä", &E::txt_top, &E::scr_top),
+    number(width, "Leveys", &E::txt_width, &E::scr_width),
+    number(height, "Korkeus", &E::txt_height, &E::scr_height),
+    words(value, "Alkuarvo", &E::txt_value, &E::cmd_value, &E::lst_value, Fit::editor),
+    text(name, "Nimi", &E::txt_name),
+    words(transparent, "Läpinäkyvä", &E::txt_transp, &E::cmd_transp, &E::lst_boolean, with_button),
+    words(linkable, "Linkitettävä", &E::txt_link, &E::cmd_link, &E::lst_boolean),
+    dialog(picture, "Taustakuva", &E::txt_picture, &E::cmd_picture),
+    PanelRow{tab_index, "Tab-indeksi", &E::txt_tabindex, number_width},
+    words(align, "Tasaus", &E::txt_align, &E::cmd_alignment, &E::lst_align),
+    words(scaling, "Skaalaus", &E::txt_scale, &E::cmd_scale, &E::lst_scale),
+    dialog(image_file, "Kuvatiedosto", &E::txt_imgfile, &E::cmd_imgfile),
+    words(border, "Kehys", &E::txt_border, &E::cmd_border, &E::lst_border),
+    words(link_mode, "Linkitys", &E::txt_linkitys, &E::cmd_linkitys, &E::lst_linkitys),
+    words(link, "Linkki", &E::txt_linkki, &E::cmd_linkki, &E::lst_linkki),
+};
+
+// "Taustan väri" stands above "Tekstin väri" though its number is the higher one.
+constexpr Row card_rows[] = {name, back_color, transparent, width, height, picture};
+constexpr Row title_rows[] = {caption, align, font_name, font_size, bold, italic, back_color,
+    fore_color, left, top, width, height, linkable};
+constexpr Row text_rows[] = {size, font_name, font_size, bold, italic, back_color, fore_color,
+    left, top, width, height, value, tab_index, link_mode, link};
+constexpr Row check_rows[] = {caption, font_name, font_size, bold, italic, back_color, fore_color,
+    left, top, width, height, value, tab_index, link_mode, link};
+// The height of a drop-down follows its font: it has no row.
+constexpr Row drop_down_rows[] = {list, font_name, font_size, bold, italic, back_color, fore_color,
+    left, top, width, value, tab_index, link_mode, link};
+constexpr Row image_rows[] = {caption, font_name, font_size, bold, italic, back_color, fore_color,
+    left, top, width, height, image_file, scaling, border, tab_index, link_mode, link};
+constexpr Row file_list_rows[] = {size, font_name, font_size, bold, italic, back_color, fore_color,
+    left, top, width, height, tab_index, link_mode, link};
+
+constexpr std::array kind_table = {
+    PanelKind{card_prefix, "kentat_kortti.htm", card_rows},
+    PanelKind{"OTS", "kentat_otsikko.htm", title_rows},
+    PanelKind{"TXT", "kentat_teksti.htm", text_rows},
+    PanelKind{"STX", "kentat_teksti.htm", text_rows},
+    PanelKind{"CHK", "kentat_valinta.htm", check_rows},
+    PanelKind{"OPT", "kentat_vaihtoehto.htm", check_rows},
+    PanelKind{"CMB", "kentat_alasvetovalikko.htm", drop_down_rows},
+    PanelKind{"IMG", "kentat_kuva.htm", image_rows},
+    PanelKind{"LST", "kentat_lista.htm", file_list_rows},
+};
+// clang-format on
 
 } // namespace
 
 std::span<PanelRow const> panel_rows() {
-    return rows;
+    return table;
+}
+
+PanelRow const& panel_row(Row row) {
+    return table.at(static_cast<std::size_t>(row) - 1);
+}
+
+Row row_of(int number) {
+    bool const known = number >= 1 && number <= static_cast<int>(table.size());
+    return known ? static_cast<Row>(number) : none;
+}
+
+PanelKind const* panel_kind(std::string_view prefix) {
+    for (auto const& kind : kind_table)
+        if (kind.prefix == prefix)
+            return &kind;
+    return nullptr;
 }
 
 } // namespace kehystin

@@ -1,4 +1,5 @@
-// The rows of the property panel: caption, editor and what stands beside it, by row number.
+// The property panel as one table: the rows with all their controls, and which rows stand for what.
+// Layout, filling and editing read it.
 #pragma once
 
 #include "forms/editor_form.h"
@@ -8,22 +9,81 @@
 
 namespace kehystin {
 
+/// The rows by number; the number is also the index of the caption's label.
+enum class Row {
+    none = 0,
+    caption = 1,
+    size = 2,
+    list = 3,
+    font_name = 4,
+    font_size = 5,
+    bold = 6,
+    italic = 7,
+    fore_color = 8,
+    back_color = 9,
+    left = 10,
+    top = 11,
+    width = 12,
+    height = 13,
+    value = 14,
+    name = 15,
+    transparent = 16,
+    linkable = 17,
+    picture = 18,
+    tab_index = 19,
+    align = 20,
+    scaling = 21,
+    image_file = 22,
+    border = 23,
+    link_mode = 24,
+    link = 25,
+};
+
+/// What gives way when the rows' scroll bar takes room at their right end.
+enum class Fit { nothing, editor, editor_and_button };
+
+/// A row: its editor, and what else it has. Button or scroll bar show only while the row has the
+/// keyboard.
 struct PanelRow {
-    int number; ///< 1 to 25, also the index of the caption's label
+    Row row;
     std::string_view caption;
     TextBox EditorForm::*editor;
+    double width; ///< of the editor without the rows' scroll bar, in twips
+    Fit fit = Fit::nothing;
+    Button EditorForm::*button = nullptr;
     ScrollBar EditorForm::*scroll = nullptr;
-    ListBox EditorForm::*list = nullptr;
+    ListBox EditorForm::*list = nullptr; ///< words to choose from
+    PictureBox EditorForm::*swatch = nullptr;
 };
 
 /// All rows, in ascending number.
 std::span<PanelRow const> panel_rows();
+/// A row of the table. `row` is not Row::none.
+PanelRow const& panel_row(Row row);
+/// The row of a number, Row::none outside 1 to 25.
+Row row_of(int number);
+
+/// What the panel shows for the card ("CRD") or for a field of one kind.
+struct PanelKind {
+    std::string_view prefix;
+    std::string_view help_page;
+    std::span<Row const> rows; ///< top to bottom
+};
+
+/// Null for a prefix that is none.
+PanelKind const* panel_kind(std::string_view prefix);
+
+inline constexpr std::string_view card_prefix = "CRD";
 
 /// The distance between rows, and the height of one, in twips.
 inline constexpr double row_step = 285;
 inline constexpr double row_height = 255;
-/// Where the values begin and end, in twips.
+/// Where captions end, and where values begin and end, in twips.
+inline constexpr double caption_right = 1200;
 inline constexpr double value_left = 1230;
 inline constexpr double value_right = 2790;
+/// Where scroll bar and button of a row stand without the rows' scroll bar, in twips.
+inline constexpr double row_scroll_left = 2610;
+inline constexpr double row_button_left = 2520;
 
 } // namespace kehystin

@@ -7,9 +7,9 @@ namespace kehystin {
 
 void upd_tabIndex() {
     for (int i = 1; i <= card.fields; ++i) {
-        auto const* kind = kind_of(field(i).style);
-        if (kind && kind->style != Style::IMG)
-            field(i).tabIndex = int{fCard->visual(kind->style, i).TabIndex};
+        auto const* const object = fCard->visual_of(i);
+        if (object && object->control_class() != ControlClass::picture_box)
+            field(i).tabIndex = int{object->TabIndex};
     }
 }
 

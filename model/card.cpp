@@ -11,4 +11,12 @@ Field& field(int number) {
     return fields[static_cast<std::size_t>(number)];
 }
 
+void empty_card(std::string_view name) {
+    card.name = name;
+    card.color = colours::light_grey;
+    card.width = 250;
+    card.height = 250;
+    card.fields = 0;
+}
+
 } // namespace kehystin

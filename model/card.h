@@ -6,6 +6,7 @@
 #include "platform/date.h"
 
 #include <array>
+#include <string_view>
 #include <vector>
 
 namespace kehystin {
@@ -86,5 +87,9 @@ extern std::vector<Field> fields;
 
 /// A field by number; raises subscript_out_of_range outside 0 to the array's end.
 Field& field(int number);
+
+/// Makes the record a grey card of the usual size without fields. The other members stay as the
+/// last card left them.
+void empty_card(std::string_view name);
 
 } // namespace kehystin

@@ -7,14 +7,11 @@ namespace kehystin {
 
 namespace {
 
-constexpr int caption_row = 1;
-constexpr int link_row = 25;
-
 /// Two rows select as many characters as another editor holds.
 TextBox const& measured_editor(PanelRow const& row) {
-    if (row.number == caption_row)
+    if (row.row == Row::caption)
         return fEditor->txt_name;
-    if (row.number == link_row)
+    if (row.row == Row::link)
         return fEditor->txt_linkitys;
     return (*fEditor).*row.editor;
 }
@@ -26,12 +23,15 @@ void select_and_focus(TextBox& editor, TextBox const& measured) {
 }
 
 bool return_to_row_in_use() {
-    int const number = session.pro_focus;
-    if (number < 1 || number > static_cast<int>(panel_rows().size()))
+    auto const number = row_of(session.pro_focus);
+    if (number == Row::none)
         return false;
-    auto const& row = panel_rows()[static_cast<std::size_t>(number) - 1];
+    auto const& row = panel_row(number);
     auto& editor = (*fEditor).*row.editor;
     if (!editor.can_take_focus())
+        return false;
+    // The row of the list is in use only while its list editor is open.
+    if (number == Row::list && !fEditor->lst_list.is_shown())
         return false;
     select_and_focus(editor, measured_editor(row));
     return true;
@@ -42,10 +42,13 @@ void take_first_that_stands() {
     for (auto* const editor : {&fEditor->txt_name, &fEditor->txt_caption, &fEditor->txt_size})
         if (editor->can_take_focus())
             return select_and_focus(*editor, *editor);
-    if (fEditor->txt_list.can_take_focus())
-        fEditor->txt_list.SetFocus();
+    auto& form = *fEditor;
+    if (!form.txt_list.can_take_focus())
+        form.cmb_field.SetFocus();
+    else if (form.bot_list.Visible)
+        form.cmd_list_add.SetFocus();
     else
-        fEditor->cmb_field.SetFocus();
+        form.txt_list.SetFocus();
 }
 
 } // namespace

@@ -3,8 +3,8 @@
 #include "commands/card_size.h"
 #include "forms/panel_rows.h"
 
+#include <algorithm>
 #include <cmath>
-#include <initializer_list>
 
 namespace kehystin {
 
@@ -27,29 +27,28 @@ double fit_scroll_bar() {
     auto& bar = fEditor->scr_pro;
     double const missing = fEditor->proPic.Height - fEditor->proBot.Height;
     bar.Visible = missing > 0;
-    if (missing <= 0)
+    if (missing <= 0) {
+        bar.Value = 0; // rows that fit are not scrolled out of sight
         return 0;
+    }
     double const range = missing + row_step;
     bar.Top = 0;
     bar.Min = 0;
     bar.Max = static_cast<int>(range - std::fmod(range, row_step)); // whole rows
+    bar.Value = std::min(bar.Value.get(), bar.Max.get());
     return scroll_width;
 }
 
 void fit_rows(double taken) {
-    auto& form = *fEditor;
-    for (auto* const editor : {&form.txt_caption, &form.txt_name})
-        editor->Width = 1530 - taken;
-    for (auto* const editor :
-         {&form.txt_size, &form.txt_left, &form.txt_top, &form.txt_width, &form.txt_height})
-        editor->Width = 1350 - taken;
-    for (auto* const scroll :
-         {&form.scr_size, &form.scr_left, &form.scr_top, &form.scr_width, &form.scr_height})
-        scroll->Left = 2610 - taken;
-    for (auto* const editor :
-         {&form.txt_list, &form.txt_fontName, &form.txt_fontSize, &form.txt_fontBold,
-          &form.txt_fontItalic, &form.txt_fc, &form.txt_bc, &form.txt_transp, &form.txt_value})
-        editor->Width = 1260 - taken;
+    for (auto const& row : panel_rows()) {
+        if (row.fit == Fit::nothing)
+            continue;
+        ((*fEditor).*row.editor).Width = row.width - taken;
+        if (row.scroll)
+            ((*fEditor).*row.scroll).Left = row_scroll_left - taken;
+        if (row.fit == Fit::editor_and_button)
+            ((*fEditor).*row.button).Left = row_button_left - taken;
+    }
 }
 
 } // namespace

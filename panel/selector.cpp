@@ -1,9 +1,12 @@
 #include "panel/selector.h"
 
+#include "commands/command_state.h"
+#include "commands/status_bar.h"
 #include "forms/card_form.h"
-#include "forms/editor_form.h"
 #include "model/card.h"
 #include "model/session.h"
+#include "panel/row_texts.h"
+#include "panel/rows.h"
 
 namespace kehystin {
 
@@ -15,8 +18,19 @@ void hide_frames() {
             fCard->focus(i).Visible = false;
 }
 
-void fill_card_rows() {
-    fEditor->txt_name.Text = card.name.trim();
+/// A field whose kind is unknown shows no rows.
+void show_field(Field& one) {
+    auto const* const kind = kind_of(one.style);
+    if (!kind)
+        return;
+    for (auto const row : panel_kind(kind->prefix)->rows)
+        fill_row(row, one);
+    set_pro(kind->prefix);
+}
+
+void show_card_itself() {
+    fill_card_rows();
+    set_pro(card_prefix);
 }
 
 } // namespace
@@ -25,12 +39,25 @@ void cmb_field_Click() {
     int const chosen = fEditor->cmb_field.ListIndex;
     if (chosen == -1 || !session.cardFormLoaded)
         return;
-    PanelUpdate const filling;
-    hide_frames();
-    if (chosen == 0)
-        fill_card_rows();
-    fCard->focus(chosen).Visible = true;
-    fEditor->focusTimer.Enabled = true;
+    {
+        PanelUpdate const filling;
+        hide_frames();
+        hide_pro();
+        if (chosen == 0)
+            show_card_itself();
+        else
+            show_field(field(chosen));
+        fEditor->proPic.Visible = true;
+        if (fCard->focus.has(chosen))
+            fCard->focus(chosen).Visible = true;
+        fEditor->focusTimer.Enabled = true;
+    }
+    if (chosen != 0) {
+        using enum Code;
+        UpdateCommandState(keep, on, off, off, field(chosen).is_title() ? on : off, keep);
+    }
+    if (fEditor->stsBar.Visible)
+        upd_sts();
 }
 
 } // namespace kehystin

@@ -10,12 +10,25 @@ void place_frame(Shape& frame, Field const& around) {
     frame.Move(around.left - 1.0, around.top - 1.0, around.width + 2.0, around.height + 2.0);
 }
 
+namespace {
+
+Colour frame_colour() {
+    return session.fieldsLocked ? colours::white : colours::red;
+}
+
+} // namespace
+
+void add_frame(int number) {
+    auto& frame = fCard->focus.Load(number);
+    place_frame(frame, field(number));
+    frame.BorderColor = frame_colour();
+}
+
 void show_lock_state() {
-    bool const locked = static_cast<bool>(session.fieldsLocked);
-    fEditor->pic_lock.Visible = locked;
+    fEditor->pic_lock.Visible = static_cast<bool>(session.fieldsLocked);
     if (!session.cardFormLoaded)
         return;
-    auto const colour = locked ? colours::white : colours::red;
+    auto const colour = frame_colour();
     fCard->bigfocus.BorderColor = colour;
     for (int i = 0; i <= card.fields; ++i)
         if (fCard->focus.has(i))

@@ -9,6 +9,9 @@ namespace kehystin {
 /// Puts a frame around a field.
 void place_frame(Shape& frame, Field const& around);
 
+/// Makes the hidden frame of a field, in the colour of the lock.
+void add_frame(int number);
+
 /// Frames are white while fields are locked and red otherwise; the padlock shows with them.
 void show_lock_state();
 

@@ -5,6 +5,11 @@
 #include "model/card.h"
 #include "model/session.h"
 #include "model/settings.h"
+#include "platform/host.h"
+#include "surface/rebuild.h"
+
+#include <cmath>
+#include <vector>
 
 namespace kehystin {
 
@@ -35,7 +40,52 @@ void flip(Menu& entry) {
     upd_gg();
 }
 
+Spacing grid_spacing() {
+    return {settings.gridX, settings.gridY};
+}
+
+Spacing guide_spacing() {
+    return {settings.guideX, settings.guideY};
+}
+
+void align_fields(Spacing spacing) {
+    struct Place {
+        Integer left, top;
+    };
+    std::vector<Place> places;
+    for (int i = 1; i <= card.fields; ++i)
+        places.push_back({Integer(snapped(field(i).left, spacing.x)),
+                          Integer(snapped(field(i).top, spacing.y))});
+    int number = 0;
+    for (auto const& place : places) {
+        auto& one = field(++number);
+        one.left = place.left;
+        one.top = place.top;
+    }
+    rebuild_in_place();
+}
+
+void flip_snap(Menu& entry, Spacing spacing, std::string_view title, std::string_view question) {
+    entry.Checked = !entry.Checked;
+    if (!entry.Checked || card.fields == 0)
+        return;
+    if (MsgBox(question, box::question + box::yes_no, title) == Answer::yes)
+        align_fields(spacing);
+}
+
 } // namespace
+
+double snapped(double place, int spacing) {
+    return std::floor(place / spacing + 0.5) * spacing;
+}
+
+std::optional<Spacing> snap_spacing() {
+    if (fEditor->cmd_grid_snap.Checked)
+        return grid_spacing();
+    if (fEditor->cmd_guide_snap.Checked)
+        return guide_spacing();
+    return std::nullopt;
+}
 
 void upd_gg() {
     if (!session.cardFormLoaded)
@@ -55,6 +105,16 @@ void cmd_grid_show_Click() {
 
 void cmd_guide_show_Click() {
     flip(fEditor->cmd_guide_show);
+}
+
+void cmd_grid_snap_Click() {
+    flip_snap(fEditor->cmd_grid_snap, grid_spacing(), " Ruudukko",
+              " Kohdistetaanko nykyiset kentät lähimpään ruutuun?     ");
+}
+
+void cmd_guide_snap_Click() {
+    flip_snap(fEditor->cmd_guide_snap, guide_spacing(), " Apuviivat",
+              " Kohdistetaanko nykyiset kentät lähimpään apuviivaan?     ");
 }
 
 } // namespace kehystin

@@ -56,7 +56,7 @@ void build_fields() {
             continue;
         add_to_selector(i);
         build_visual(*kind, i);
-        place_frame(fCard->focus.Load(i), field(i));
+        add_frame(i);
     }
 }
 

@@ -140,7 +140,10 @@ bool shows_card_colour(Kind const& kind) {
     return label && card.transp != 0;
 }
 
-void build_visual(Kind const& kind, int number) {
+namespace {
+
+/// The object of a field with the look and place of its record, hidden and without content.
+TextControl& make_visual(Kind const& kind, int number, bool card_colour) {
     auto& one = field(number);
     auto& visual = load_visual(kind.style, number);
     visual.Tag = std::to_string(number);
@@ -149,12 +152,49 @@ void build_visual(Kind const& kind, int number) {
     visual.FontBold = one.fontBold != 0;
     visual.FontItalic = one.fontItalic != 0;
     visual.ForeColor = one.foreColor;
-    visual.BackColor = shows_card_colour(kind) ? card.color : one.backColor;
+    visual.BackColor = card_colour ? card.color : one.backColor;
     visual.Move(int{one.left}, int{one.top});
     visual.Width = int{one.width};
     visual.Height = kind.style == Style::CMB ? drop_down_height(visual) : int{one.height};
+    return visual;
+}
+
+void fill_dropped_content(Style style, int number) {
+    switch (style) {
+    case Style::TXT:
+        fCard->txt(number).MaxLength = int{field(number).size};
+        break;
+    case Style::STX:
+        fCard->stx(number).MaxLength = int{field(number).size};
+        break;
+    case Style::IMG:
+        fCard->img(number).FontUnderline = true;
+        print_image_text(fCard->img(number), number);
+        break;
+    case Style::LST:
+        fCard->lst(number).AddItem("c:\\tekstit\\malli.doc");
+        break;
+    default:
+        fill_content(style, number);
+        break;
+    }
+}
+
+} // namespace
+
+void build_visual(Kind const& kind, int number) {
+    auto& visual = make_visual(kind, number, shows_card_colour(kind));
     fill_content(kind.style, number);
     visual.Visible = true;
+}
+
+void build_dropped_visual(Kind const& kind, int number) {
+    bool const card_colour =
+        shows_card_colour(kind) || (kind.style == Style::IMG && card.transp != 0);
+    auto& visual = make_visual(kind, number, card_colour);
+    fill_dropped_content(kind.style, number);
+    visual.Visible = true;
+    visual.TabIndex = number;
 }
 
 double drop_down_height(TextControl const& box) {

@@ -12,6 +12,11 @@ namespace kehystin {
 /// of the record that it reads.
 void build_visual(Kind const& kind, int number);
 
+/// Makes the object of a field that was just dropped on the card. It differs from a loaded one on
+/// purpose: a text field has the limit of its size, an image an underlined caption and the card's
+/// colour where the card is transparent, and a file list another sample line.
+void build_dropped_visual(Kind const& kind, int number);
+
 /// The height that a drop-down takes from its font, in pixels.
 double drop_down_height(platform::TextControl const& box);
 

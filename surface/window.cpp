@@ -8,8 +8,13 @@
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/host.h"
+#include "surface/adding.h"
+#include "surface/field_mouse.h"
 #include "surface/grid.h"
+#include "surface/selection.h"
 #include "surface/visuals.h"
+
+#include <initializer_list>
 
 namespace kehystin {
 
@@ -38,8 +43,10 @@ void take_window_size() {
         fCard->Height = smallest_window;
         return;
     }
-    if (fEditor->cmb_field.ListCount() > 0)
-        fEditor->cmb_field.ListIndex = 0;
+    // Whoever types the size has the card selected already, and is not to lose the caret.
+    auto& selector = fEditor->cmb_field;
+    if (selector.ListCount() > 0 && !(selector.ListIndex == 0 && fCard->focus(0).Visible))
+        selector.ListIndex = 0;
     // The scroll bars run negative, so that up means more.
     fEditor->scr_width.Value = -int{Integer(fCard->Width / twips_per_pixel)};
     fEditor->scr_height.Value = -int{Integer(fCard->Height / twips_per_pixel)};
@@ -58,6 +65,19 @@ void wire_card_form() {
     form.txt.prototype().GotFocus = give_focus_back;
     form.stx.prototype().GotFocus = give_focus_back;
     form.lst.prototype().GotFocus = give_focus_back;
+    form.MouseDown = Form_MouseDown;
+    form.MouseMove = Form_MouseMove;
+    form.MouseUp = Form_MouseUp;
+    form.DragDrop = Form_DragDrop;
+    // Drop-downs deliver no mouse events: the surface under them takes the press.
+    for (Control* const prototype : std::initializer_list<Control*>{
+             &form.ots.prototype(), &form.txt.prototype(), &form.stx.prototype(),
+             &form.chk.prototype(), &form.opt.prototype(), &form.img.prototype(),
+             &form.lst.prototype()}) {
+        prototype->MouseDown = field_MouseDown;
+        prototype->MouseMove = field_MouseMove;
+        prototype->MouseUp = field_MouseUp;
+    }
     form.chk.prototype().Click = chk_Click;
     form.opt.prototype().Click = opt_Click;
     form.img.prototype().DblClick = img_DblClick;

@@ -1,0 +1,230 @@
+#include "panel/row_texts.h"
+
+#include "model/kinds.h"
+#include "platform/files.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kehystin {
+
+namespace {
+
+constexpr std::string_view no_file = "Ei tiedostoa";
+
+std::string word(std::span<std::string_view const> words, int number) {
+    bool const known = number >= 0 && number < std::ssize(words);
+    return known ? std::string(words[static_cast<std::size_t>(number)]) : std::string();
+}
+
+std::string align_word(int align) {
+    return align == 2 ? "Keskelle" : align == 1 ? "Oikealle" : "Vasemmalle";
+}
+
+std::string scaling_word(int scaling) {
+    constexpr std::array<std::string_view, 4> words = {"Ei skaalausta", "Venytetty", "Kehys kuvaan",
+                                                       "Sovitettu"};
+    return word(words, scaling);
+}
+
+std::string border_word(int border) {
+    constexpr std::array<std::string_view, 2> words = {"Ei kehystä", "Näytä kehys"};
+    return word(words, border);
+}
+
+/// The items of a drop-down: each ends with a bar, and what stands behind the last bar is none.
+std::vector<std::string> items_of(Field const& one) {
+    std::vector<std::string> items;
+    std::string const list = one.list.str();
+    std::size_t start = 0;
+    for (std::size_t bar; (bar = list.find('|', start)) != std::string::npos; start = bar + 1)
+        items.push_back(list.substr(start, bar - start));
+    return items;
+}
+
+/// The item that the value of a drop-down names. Digits that name none are shown as they are.
+std::string chosen_item(Field& one) {
+    auto const text = one.value.trim();
+    auto const number = round_to_even(Val(text));
+    auto const items = items_of(one);
+    if (number >= 0 && number < static_cast<double>(items.size()))
+        return items[static_cast<std::size_t>(number)];
+    return number == -1 ? "" : text;
+}
+
+std::string value_text(Field& one) {
+    switch (static_cast<Style>(int{one.style})) {
+    case Style::CHK:
+    case Style::OPT:
+        return Val(one.value.trim()) != 0 ? "Valittu" : "Ei valittu";
+    case Style::CMB:
+        return chosen_item(one);
+    default:
+        return one.value.trim();
+    }
+}
+
+std::string image_file_text(Field& one) {
+    auto const path = one.list.trim();
+    return names_a_file(path) ? file_part(path) : std::string(no_file);
+}
+
+/// A link kept by hand may name a field that is no longer there.
+std::string link_text(Field const& one) {
+    bool const exists = one.linkki >= 1 && one.linkki < std::ssize(fields);
+    return exists ? field(one.linkki).caption.trimmed() : std::string();
+}
+
+std::string first_item(Field const& one) {
+    auto const items = items_of(one);
+    return items.empty() ? std::string() : items.front();
+}
+
+void fill_scroll_bar(ScrollBar& bar, int value) {
+    // Scroll bars run negative, so that up means more. A negative place is taken as it is.
+    bar.Value = value < 0 ? value : -value;
+}
+
+void fill_value_list(Field& one) {
+    auto& list = fEditor->lst_value;
+    auto const style = static_cast<Style>(int{one.style});
+    list.Clear();
+    if (style == Style::CHK || style == Style::OPT) {
+        list.AddItem("Ei valittu");
+        list.AddItem("Valittu");
+        return;
+    }
+    if (style != Style::CMB)
+        return;
+    list.AddItem("");
+    for (auto const& item : items_of(one))
+        list.AddItem(item);
+    // The empty item stands before the first: it means that none is chosen.
+    auto const chosen = round_to_even(Val(one.value.trim())) + 1;
+    if (chosen >= 0 && chosen < list.ListCount())
+        list.ListIndex.show(static_cast<int>(chosen));
+}
+
+void fill_list_editor(Field const& one) {
+    auto& form = *fEditor;
+    form.lst_list.Clear();
+    for (auto const& item : items_of(one))
+        form.lst_list.AddItem(item);
+    for (auto* const button : {&form.cmd_list_add, &form.cmd_list_change, &form.cmd_list_del,
+                               &form.cmd_list_up, &form.cmd_list_down})
+        button->Picture = Picture::named(button->name());
+}
+
+} // namespace
+
+std::string_view yes_no(bool yes) {
+    return yes ? "Kyllä" : "Ei";
+}
+
+std::string row_text(Row row, Field& one) {
+    switch (row) {
+    case Row::caption:
+        return one.caption.trim();
+    case Row::size:
+        return Format(one.size);
+    case Row::list:
+        return first_item(one);
+    case Row::font_name:
+        return one.fontName.trim();
+    case Row::font_size:
+        return Format(one.fontSize);
+    case Row::bold:
+        return std::string(yes_no(one.fontBold != 0));
+    case Row::italic:
+        return std::string(yes_no(one.fontItalic != 0));
+    case Row::left:
+        return Format(one.left);
+    case Row::top:
+        return Format(one.top);
+    case Row::width:
+        return Format(one.width);
+    case Row::height:
+        return Format(one.height);
+    case Row::value:
+        return value_text(one);
+    case Row::linkable:
+        return std::string(yes_no(!one.is_nolink()));
+    case Row::tab_index:
+        return Format(one.tabIndex);
+    case Row::align:
+        return align_word(one.align);
+    case Row::scaling:
+        return scaling_word(one.scaling);
+    case Row::image_file:
+        return image_file_text(one);
+    case Row::border:
+        return border_word(one.border);
+    case Row::link_mode:
+        return one.linkitys ? "Manuaalinen" : "Automaattinen";
+    case Row::link:
+        return link_text(one);
+    case Row::none:
+    case Row::fore_color:
+    case Row::back_color:
+    case Row::name:
+    case Row::transparent:
+    case Row::picture:
+        return {};
+    }
+    return {};
+}
+
+void fill_row(Row row, Field& one) {
+    auto& form = *fEditor;
+    switch (row) {
+    case Row::fore_color:
+        form.FC.BackColor = one.foreColor;
+        return;
+    case Row::back_color:
+        form.BC.BackColor = one.backColor;
+        return;
+    case Row::size:
+        form.scr_size.Value = -int{one.size};
+        break;
+    case Row::left:
+        fill_scroll_bar(form.scr_left, one.left);
+        break;
+    case Row::top:
+        fill_scroll_bar(form.scr_top, one.top);
+        break;
+    case Row::width:
+        fill_scroll_bar(form.scr_width, one.width);
+        break;
+    case Row::height:
+        fill_scroll_bar(form.scr_height, one.height);
+        break;
+    case Row::value:
+        fill_value_list(one);
+        break;
+    case Row::list:
+        fill_list_editor(one);
+        break;
+    default:
+        break;
+    }
+    (form.*panel_row(row).editor).Text = row_text(row, one);
+}
+
+void fill_card_rows() {
+    auto& form = *fEditor;
+    form.txt_name.Text = card.name.trim();
+    form.BC.BackColor = card.color;
+    form.txt_transp.Text = std::string(yes_no(card.transp != 0));
+    form.txt_width.Text = Format(card.width);
+    form.txt_height.Text = Format(card.height);
+    fill_scroll_bar(form.scr_width, card.width);
+    fill_scroll_bar(form.scr_height, card.height);
+    auto const picture = card.picture.trim();
+    if (names_a_file(picture))
+        form.txt_picture.Text = file_part(picture);
+    else
+        // The text of "Taustakuva" stays, and without a picture nothing counts as transparent.
+        form.txt_transp.Text = std::string(yes_no(false));
+}
+
+} // namespace kehystin

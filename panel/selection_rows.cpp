@@ -1,0 +1,254 @@
+#include "panel/selection_rows.h"
+
+#include "commands/command_state.h"
+#include "commands/status_bar.h"
+#include "forms/card_form.h"
+#include "model/card.h"
+#include "model/session.h"
+#include "panel/row_texts.h"
+#include "panel/rows.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+namespace kehystin {
+
+namespace {
+
+/// A property that can be compared over a selection: as a number or as a text.
+struct Comparable {
+    std::string_view key;
+    Row row;
+    int (*number)(Field const&) = nullptr;
+    std::string (*text)(Field const&) = nullptr;
+};
+
+template <auto Member>
+int number_of(Field const& one) {
+    return one.*Member;
+}
+
+template <auto Member>
+std::string text_of(Field const& one) {
+    return (one.*Member).trimmed();
+}
+
+constexpr std::array comparables = {
+    Comparable{"CAPTION", Row::caption, nullptr, text_of<&Field::caption>},
+    Comparable{"ALIGN", Row::align, number_of<&Field::align>},
+    Comparable{"LEFT", Row::left, number_of<&Field::left>},
+    Comparable{"TOP", Row::top, number_of<&Field::top>},
+    Comparable{"WIDTH", Row::width, number_of<&Field::width>},
+    Comparable{"HEIGHT", Row::height, number_of<&Field::height>},
+    Comparable{"FONTNAME", Row::font_name, nullptr, text_of<&Field::fontName>},
+    Comparable{"FONTSIZE", Row::font_size, number_of<&Field::fontSize>},
+    Comparable{"FONTBOLD", Row::bold, number_of<&Field::fontBold>},
+    Comparable{"FONTITALIC", Row::italic, number_of<&Field::fontItalic>},
+    Comparable{"FORECOLOR", Row::fore_color, number_of<&Field::foreColor>},
+    Comparable{"BACKCOLOR", Row::back_color, number_of<&Field::backColor>},
+    Comparable{"IMGFILE", Row::image_file, nullptr, text_of<&Field::list>},
+    Comparable{"SCALING", Row::scaling, number_of<&Field::scaling>},
+    Comparable{"BORDER", Row::border, number_of<&Field::border>},
+    Comparable{"LINKITYS", Row::link_mode,
+               [](Field const& one) -> int { return one.linkitys.number(); }},
+    Comparable{"LINKKI", Row::link, number_of<&Field::linkki>},
+};
+
+/// Rows that several fields can show but that no key compares: they agree when their texts do.
+constexpr Row rows_without_key[] = {Row::size, Row::list, Row::value, Row::linkable};
+
+/// A value that is `unseen` itself counts as not seen yet, as in every walk over the selection.
+template <class T, class Get>
+bool agree(std::vector<int> const& numbers, T unseen, Get const& get) {
+    T seen = unseen;
+    for (int const number : numbers) {
+        auto value = get(field(number));
+        if (seen == unseen)
+            seen = std::move(value);
+        else if (seen != value)
+            return false;
+    }
+    return true;
+}
+
+bool agree_on(Comparable const& property, std::vector<int> const& numbers) {
+    return property.number ? agree(numbers, -333, property.number)
+                           : agree(numbers, std::string("StartValue"), property.text);
+}
+
+/// How many fields of each kind are selected. The two kinds of text field count as one.
+struct Counts {
+    int titles = 0, texts = 0, checks = 0, options = 0, drop_downs = 0, images = 0, files = 0;
+
+    explicit Counts(std::vector<int> const& numbers) {
+        for (int const number : numbers)
+            if (auto const* const kind = kind_of(field(number).style))
+                ++of(kind->style);
+    }
+    int& of(Style style) {
+        switch (style) {
+        case Style::OTS:
+            return titles;
+        case Style::TXT:
+        case Style::STX:
+            return texts;
+        case Style::CHK:
+            return checks;
+        case Style::OPT:
+            return options;
+        case Style::CMB:
+            return drop_downs;
+        case Style::IMG:
+            return images;
+        case Style::LST:
+            return files;
+        }
+        return files;
+    }
+    bool titles_only() const { return texts + checks + options + drop_downs + images + files == 0; }
+};
+
+/// Text fields alone, drop-downs, or check and option fields; titles stand in the way of text
+/// fields only.
+bool has_value_row(Counts const& of) {
+    bool const marks = of.checks + of.options > 0;
+    if (of.images + of.files > 0)
+        return false;
+    if (of.texts > 0)
+        return !marks && of.drop_downs == 0 && of.titles == 0;
+    return marks != (of.drop_downs > 0);
+}
+
+/// The rows that all selected kinds have in common. File lists count for "Alkuarvo" alone: several
+/// of them show the rows of all kinds at once.
+std::vector<Row> common_rows(Counts const& of) {
+    using enum Row;
+    bool const marks = of.checks + of.options > 0;
+    std::vector<Row> rows;
+    auto const add_if = [&](bool stands, std::initializer_list<Row> some) {
+        if (stands)
+            rows.insert(rows.end(), some);
+    };
+    bool const no_data_but_files = of.texts == 0 && !marks && of.drop_downs == 0 && of.images == 0;
+    add_if(of.texts == 0 && of.drop_downs == 0, {caption});
+    add_if(no_data_but_files, {align});
+    add_if(of.titles == 0 && !marks && of.drop_downs == 0 && of.images == 0, {size});
+    add_if(of.texts == 0 && of.titles == 0 && !marks && of.images == 0, {list});
+    add_if(true, {font_name, font_size, bold, italic, back_color, fore_color, left, top, width});
+    add_if(of.drop_downs == 0, {height});
+    add_if(has_value_row(of), {value});
+    add_if(of.texts == 0 && !marks && of.drop_downs == 0 && of.titles == 0,
+           {image_file, scaling, border});
+    add_if(no_data_but_files, {linkable});
+    add_if(of.titles == 0, {link_mode, link});
+    return rows;
+}
+
+void show_difference(Row row) {
+    auto& form = *fEditor;
+    if (row == Row::fore_color)
+        form.FC.BackColor = colours::white;
+    else if (row == Row::back_color)
+        form.BC.BackColor = colours::white;
+    else
+        (form.*panel_row(row).editor).Text = "";
+}
+
+void fill_common_values(std::vector<int> const& numbers) {
+    PanelUpdate const filling;
+    for (auto const& property : comparables)
+        if (!numbers.empty() && agree_on(property, numbers))
+            fill_row(property.row, field(numbers.front()));
+        else
+            show_difference(property.row);
+    for (auto const row : rows_without_key) {
+        auto const text = [row](Field& one) { return row_text(row, one); };
+        if (!numbers.empty())
+            fill_row(row, field(numbers.front())); // the lists to choose from, in any case
+        if (numbers.empty() || !agree(numbers, std::string("StartValue"), text))
+            show_difference(row);
+    }
+}
+
+/// One line of the card, column by column or row by row, that fields occupy.
+class Occupancy {
+  public:
+    /// False when the stretch meets one that is taken already; takes it otherwise.
+    bool take(int from, int length) {
+        int const begin = std::max(from, 1);
+        int const end = std::max(begin, from + length);
+        if (static_cast<std::size_t>(end) > taken_.size())
+            taken_.resize(static_cast<std::size_t>(end));
+        auto const first = taken_.begin() + begin;
+        auto const last = taken_.begin() + end;
+        if (std::find(first, last, 'X') != last)
+            return false;
+        std::fill(first, last, 'X');
+        return true;
+    }
+
+  private:
+    std::vector<char> taken_;
+};
+
+struct Freedom {
+    bool rows = true;
+    bool columns = true;
+};
+
+/// Whether the fields could be aligned without piling them up: in rows when no two of them share a
+/// stretch of height, in columns when no two share a stretch of width.
+Freedom freedom_of(std::vector<int> const& numbers) {
+    Freedom free;
+    Occupancy across;
+    Occupancy down;
+    for (int const number : numbers) {
+        auto const& one = field(number);
+        free.columns = free.columns && across.take(one.left, one.width);
+        free.rows = free.rows && down.take(one.top, one.height);
+        if (!free.rows && !free.columns)
+            break;
+    }
+    return free;
+}
+
+void show_common_rows(std::vector<int> const& numbers) {
+    hide_pro();
+    fill_common_values(numbers); // first: what "Linkitys" says decides how "Linkki" looks
+    lay_out_rows(common_rows(Counts(numbers)));
+    fEditor->proPic.Visible = true;
+    fEditor->focusTimer.Enabled = true;
+}
+
+Code code(bool on) {
+    return on ? Code::on : Code::off;
+}
+
+} // namespace
+
+bool all_same(std::string_view key) {
+    for (auto const& property : comparables)
+        if (property.key == key)
+            return agree_on(property, selected_fields());
+    return true;
+}
+
+void set_pro() {
+    auto const numbers = selected_fields();
+    if (numbers.size() == 1) {
+        fEditor->cmb_field.ListIndex = numbers.front();
+        return;
+    }
+    fEditor->cmb_field.ListIndex = -1;
+    show_common_rows(numbers);
+    fCard->focus(0).Visible = false;
+    auto const free = freedom_of(numbers);
+    UpdateCommandState(Code::keep, Code::on, code(free.rows), code(free.columns),
+                       code(Counts(numbers).titles_only()), Code::keep);
+    if (fEditor->stsBar.Visible)
+        upd_sts();
+}
+
+} // namespace kehystin

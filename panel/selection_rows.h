@@ -1,0 +1,18 @@
+// What the panel shows for the selection on the surface.
+#pragma once
+
+#include <string_view>
+
+namespace kehystin {
+
+/// To be called when the set of selected fields may have changed. One field goes through the
+/// selector; several show the rows that their kinds have in common, with the values on which they
+/// agree. Switches the commands: packing and spreading need fields that would not be piled up, the
+/// title commands titles alone.
+void set_pro();
+
+/// True when all selected fields have the same value of the property that the key names, such as
+/// "LEFT" or "FONTNAME"; also for an unknown key, and for less than two fields.
+bool all_same(std::string_view key);
+
+} // namespace kehystin

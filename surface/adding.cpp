@@ -1,0 +1,169 @@
+#include "surface/adding.h"
+
+#include "commands/bars.h"
+#include "commands/command_state.h"
+#include "commands/document_state.h"
+#include "commands/failure_report.h"
+#include "forms/card_form.h"
+#include "forms/editor_form.h"
+#include "links/link_engine.h"
+#include "links/link_list.h"
+#include "model/card.h"
+#include "model/default_looks.h"
+#include "model/session.h"
+#include "platform/host.h"
+#include "surface/frames.h"
+#include "surface/grid.h"
+#include "surface/load_card.h"
+#include "surface/rebuild.h"
+#include "surface/visuals.h"
+
+#include <algorithm>
+
+namespace kehystin {
+
+namespace {
+
+/// The pointer stands this far right of and below the corner of what it drops, in pixels.
+constexpr double pointer_inset = 5;
+
+/// Roles above this one are not renumbered when a field goes: they name the old number.
+constexpr std::size_t last_renumbered_role = 14;
+
+bool shows_caption(Style style) {
+    return style == Style::OTS || style == Style::CHK || style == Style::OPT || style == Style::IMG;
+}
+
+std::string_view first_value(Style style) {
+    switch (style) {
+    case Style::CHK:
+    case Style::OPT:
+        return "0";
+    case Style::CMB:
+        return "-1";
+    default:
+        return "";
+    }
+}
+
+/// A record that starts as zeros, with the default look of its kind.
+Field new_field(Kind const& kind) {
+    auto const& look = default_look(kind.style);
+    Field one;
+    one.style = static_cast<int>(kind.style);
+    one.caption = shows_caption(kind.style) ? look.caption : "";
+    one.group = "";
+    one.list = "";
+    one.size = kind.size;
+    one.value = first_value(kind.style);
+    one.fontName = Trim(look.fontName);
+    one.fontSize = Integer(double(look.fontSize));
+    one.fontBold = look.fontBold.number();
+    one.fontItalic = look.fontItalic.number();
+    one.foreColor = look.foreColor;
+    one.backColor = look.backColor;
+    one.width = look.width;
+    one.height = look.height;
+    if (kind.style == Style::IMG) {
+        one.scaling = look.scaling;
+        one.border = look.border;
+    }
+    return one;
+}
+
+void place_at(Field& one, double x, double y) {
+    double left = x - pointer_inset;
+    double top = y - pointer_inset;
+    if (auto const spacing = snap_spacing()) {
+        left = snapped(left, spacing->x);
+        top = snapped(top, spacing->y);
+    }
+    one.left = Integer(left);
+    one.top = Integer(top);
+}
+
+void take_title_font() {
+    auto const& look = default_look(Style::OTS);
+    fCard->set_font({look.fontName, look.fontSize, static_cast<bool>(look.fontBold),
+                     static_cast<bool>(look.fontItalic), fCard->FontUnderline});
+}
+
+/// Makes room for one more field and returns its number. A deleted field may still lie there.
+int grow() {
+    card.fields += 1;
+    auto const needed = static_cast<std::size_t>(int{card.fields}) + 1;
+    fields.resize(std::max(fields.size(), needed));
+    field(card.fields) = {};
+    return card.fields;
+}
+
+void drop_field(Kind const& kind, double x, double y) {
+    session.pro_focus = 0;
+    int const number = grow();
+    take_title_font();
+    field(number) = new_field(kind);
+    place_at(field(number), x, y);
+    field(number).tabIndex = number;
+    build_dropped_visual(kind, number);
+    add_to_selector(number);
+    add_frame(number);
+    FillLinkList();
+    update_links();
+    fEditor->cmb_field.ListIndex = fEditor->cmb_field.NewIndex();
+    // An image opens the title commands too, though it has no title to align.
+    bool const titles = kind.style == Style::OTS || kind.style == Style::IMG;
+    using enum Code;
+    UpdateCommandState(keep, on, off, off, titles ? on : off, keep);
+    MarkCardChanged();
+}
+
+/// Takes a field out of the array, which keeps its length. A role that names the field itself goes
+/// on naming its number, and so the field that came next.
+void remove_field(int number) {
+    for (int i = number; i < card.fields; ++i)
+        field(i) = field(i + 1);
+    for (std::size_t role = 1; role <= last_renumbered_role; ++role)
+        if (card.fldSpeci[role] > number)
+            card.fldSpeci[role] -= 1;
+    card.fields -= 1;
+}
+
+} // namespace
+
+void Form_DragDrop(Control& source, double x, double y) {
+    auto const* const kind = kind_of(std::string_view(source.Tag.get()));
+    if (!kind)
+        return;
+    try {
+        with_memory_checked([&] { drop_field(*kind, x, y); });
+    } catch (RuntimeError const& error) {
+        standard_report(" Kentän lataaminen kortille aiheutti virheen     ", error);
+    }
+}
+
+void cmd_field_add_Click() {
+    if (!fEditor->cmd_fldBar.Checked)
+        cmd_fldBar_Click();
+    MsgBox(lines({" Lisää kenttä kortille raahaamalla sen kuvake ",
+                  " kenttälistalta hiirellä haluamaasi paikkaan kortilla.     ", "",
+                  "          Kenttävaihtoehdot", "", "           ·  Otsikko",
+                  "           ·  Tekstikenttä", "           ·  Vieritettävä tekstikenttä",
+                  "           ·  Valintakenttä", "           ·  Vaihtoehtokenttä",
+                  "           ·  Alasvetovalikko", "           ·  Kuvakenttä",
+                  "           ·  Tiedostolista", ""}),
+           box::information, " Kentän lisääminen");
+}
+
+void cmd_field_del_Click() {
+    if (MsgBox(" Poistetaan valitut kentät kortilta?     ", box::information + box::ok_cancel,
+               " Kentän poisto") == Answer::cancel)
+        return;
+    // From the highest down, so that the frames still tell which of the others are selected.
+    for (int i = card.fields; i >= 1; --i)
+        if (fCard->is_selected(i))
+            remove_field(i);
+    if (rebuild_in_place())
+        FillLinkList();
+}
+
+} // namespace kehystin

@@ -1,0 +1,205 @@
+#include "surface/field_mouse.h"
+
+#include "commands/status_bar.h"
+#include "forms/card_form.h"
+#include "forms/editor_form.h"
+#include "model/card.h"
+#include "model/session.h"
+#include "platform/host.h"
+#include "platform/system.h"
+#include "surface/drag.h"
+#include "surface/selection.h"
+
+#include <string_view>
+
+namespace kehystin {
+
+namespace {
+
+constexpr double twips_per_pixel = 15;
+
+/// The numbers in which the kinds of object differ. They are settled one by one: the wide far zone
+/// of the text-like kinds answers their sunken borders, the large smallest drag of check and option
+/// keeps them from being sized below their mark, and zones at press and hover are not the same.
+struct Zones {
+    double near_press; ///< pixels, as all zones
+    double far_press;
+    double near_hover_top_left; ///< of x, for the top left corner
+    double far_hover_side;
+    double smallest; ///< the smallest size that a drag may give, in the event's unit
+    double unit;     ///< event units per pixel
+};
+
+Zones zones_of(Style style) {
+    switch (style) {
+    case Style::CHK:
+        return {5, 5, 5, 4, 210, twips_per_pixel};
+    case Style::OPT:
+        return {5, 5, 4, 4, 210, twips_per_pixel};
+    case Style::TXT:
+    case Style::STX:
+    case Style::LST:
+        return {4, 8, 4, 8, 30, twips_per_pixel};
+    case Style::IMG: // its events count in pixels
+        return {4, 4, 4, 4, 2, 1};
+    case Style::OTS:
+    case Style::CMB: // delivers no events
+        break;
+    }
+    return {4, 4, 4, 4, 30, twips_per_pixel};
+}
+
+constexpr double corner_hover = 4;     // pixels, in all kinds
+constexpr double near_bottom_left = 2; // the narrowest zone, in all kinds, at press and hover
+
+constexpr std::string_view move_tag = "MoveField";
+constexpr std::string_view scale_tag = "ScaleField_";
+
+/// A point over an object, with the object's size, in pixels.
+struct Spot {
+    double x, y, width, height;
+
+    Spot(Control const& object, Zones const& zones, MouseArguments const& mouse)
+        : x(mouse.X / zones.unit),
+          y(mouse.Y / zones.unit),
+          width(object.Width),
+          height(object.Height) {}
+
+    bool right_of(double zone) const { return x > width - zone; }
+    bool below(double zone) const { return y > height - zone; }
+};
+
+/// What a drag from here will do, as the frame's Tag: the first zone that holds decides.
+std::string grab_at(Spot const& spot, Zones const& zones) {
+    double const near = zones.near_press;
+    double const far = zones.far_press;
+    auto const scale = [](std::string_view edge) {
+        return std::string(scale_tag) + std::string(edge);
+    };
+    if (spot.x < near && spot.y < near)
+        return scale("NW");
+    if (spot.right_of(far) && spot.below(far))
+        return scale("SE");
+    if (spot.right_of(far) && spot.y < near)
+        return scale("NE");
+    if (spot.x < near_bottom_left && spot.below(far))
+        return scale("SW");
+    if (spot.x < near)
+        return scale("W");
+    if (spot.right_of(far))
+        return scale("E");
+    if (spot.y < near)
+        return scale("N");
+    if (spot.below(far))
+        return scale("S");
+    return std::string(move_tag);
+}
+
+int pointer_at(Spot const& spot, Zones const& zones) {
+    bool const right = spot.right_of(corner_hover);
+    bool const below = spot.below(corner_hover);
+    if ((spot.x < zones.near_hover_top_left && spot.y < corner_hover) || (right && below))
+        return pointer::size_nwse;
+    if ((right && spot.y < corner_hover) || (spot.x < near_bottom_left && below))
+        return pointer::size_nesw;
+    if (spot.x < corner_hover || spot.right_of(zones.far_hover_side))
+        return pointer::size_we;
+    if (spot.y < corner_hover || spot.below(zones.far_hover_side))
+        return pointer::size_ns;
+    return pointer::normal;
+}
+
+/// Stretches a frame at the edges that the tag names. False, with nothing done, where the field
+/// would become too small.
+bool stretch(Shape& frame, Control const& object, std::string_view edges, Zones const& zones,
+             MouseArguments const& mouse) {
+    Spot const spot(object, zones, mouse);
+    double const smallest = zones.smallest;
+    bool const west = edges.ends_with('W');
+    bool const east = edges.ends_with('E');
+    bool const north = edges.starts_with('N');
+    bool const south = edges.starts_with('S');
+    if ((west && mouse.X > spot.width * zones.unit - smallest) || (east && mouse.X < smallest) ||
+        (north && mouse.Y > spot.height * zones.unit - smallest) || (south && mouse.Y < smallest))
+        return false;
+    if (west) {
+        frame.Left = object.Left + spot.x - 1;
+        frame.Width = object.Left - frame.Left + spot.width + 2;
+    }
+    if (north) {
+        frame.Top = object.Top + spot.y - 1;
+        frame.Height = object.Top - frame.Top + spot.height + 2;
+    }
+    // Without the frame's two pixels: the field comes out that much smaller than the pointer shows.
+    if (east)
+        frame.Width = spot.x;
+    if (south)
+        frame.Height = spot.y;
+    return true;
+}
+
+Zones zones_of_field(int number) {
+    return zones_of(static_cast<Style>(int{field(number).style}));
+}
+
+/// Mouse positions of all kinds as 16-bit twips.
+Integer twips(double position, Zones const& zones) {
+    return Integer(position * (twips_per_pixel / zones.unit));
+}
+
+void press(int number, MouseArguments const& mouse) {
+    auto const zones = zones_of_field(number);
+    bool const was_selected = fCard->is_selected(number);
+    if (mouse.Shift == 0)
+        zip_focus();
+    fCard->focus(number).Tag = was_selected
+                                   ? grab_at(Spot(*fCard->visual_of(number), zones, mouse), zones)
+                                   : std::string(move_tag);
+    set_focus(number);
+    fCard->grabX = twips(mouse.X, zones);
+    fCard->grabY = twips(mouse.Y, zones);
+}
+
+void drag(int number, MouseArguments const& mouse) {
+    auto const zones = zones_of_field(number);
+    auto& frame = fCard->focus(number);
+    std::string_view const tag = frame.Tag.get();
+    if (tag == move_tag) {
+        move_focus(twips(mouse.X, zones), twips(mouse.Y, zones));
+        return;
+    }
+    auto const edges = tag.substr(scale_tag.size());
+    if (stretch(frame, *fCard->visual_of(number), edges, zones, mouse) && fEditor->stsBar.Visible)
+        upd_sts();
+}
+
+} // namespace
+
+void field_MouseDown(int index, MouseArguments const& mouse) {
+    if (session.pro_updating)
+        return;
+    drag_step([&] { press(index, mouse); });
+}
+
+void field_MouseMove(int index, MouseArguments const& mouse) {
+    if (session.pro_updating || !fCard->is_selected(index))
+        return;
+    if (!fCard->focus(index).Tag.get().empty()) {
+        drag_step([&] { drag(index, mouse); });
+        return;
+    }
+    auto const zones = zones_of_field(index);
+    auto const shape = pointer_at(Spot(*fCard->visual_of(index), zones, mouse), zones);
+    System::current().set_MousePointer(shape);
+}
+
+void field_MouseUp(int index, MouseArguments const&) {
+    if (session.pro_updating || !fCard->focus.has(index) || fCard->focus(index).Tag.get().empty())
+        return;
+    drag_step([&] {
+        move_fields();
+        fCard->focus(index).Tag = "";
+    });
+}
+
+} // namespace kehystin

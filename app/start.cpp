@@ -7,11 +7,11 @@
 #include "commands/icon_bar.h"
 #include "commands/last_files.h"
 #include "commands/status_bar.h"
-#include "forms/panel_rows.h"
 #include "model/card.h"
 #include "model/default_looks.h"
 #include "model/session.h"
 #include "model/settings.h"
+#include "panel/rows.h"
 #include "platform/files.h"
 #include "platform/system.h"
 
@@ -56,17 +56,6 @@ void fill_lists() {
     fill(form.lst_scale, {"Ei skaalausta", "Venytetty", "Kehys kuvaan", "Sovitettu"});
     fill(form.lst_border, {"Ei kehystä", "Näytä kehys"});
     fill(form.lst_linkitys, {"Automaattinen", "Manuaalinen"});
-}
-
-/// A pale strip behind each caption of the panel and a white one behind each value.
-void paint_panel_background() {
-    constexpr Colour caption_strip = RGB(253, 253, 240);
-    constexpr double caption_right = 1200;
-    auto& rows = fEditor->proPic;
-    for (double y = 0; y <= rows.Height; y += row_step) {
-        rows.DrawFilledBox(0, y, caption_right, y + row_height, caption_strip);
-        rows.DrawFilledBox(value_left, y, value_right, y + row_height, colours::white);
-    }
 }
 
 void read_screen() {
@@ -205,7 +194,7 @@ void set_def() {
     session.helpFile = "editor55.chm";
     session.helpTopic = "sisallys.htm";
     fEditor->BackColor = system_colour(12);
-    paint_panel_background();
+    paint_strips();
     auto const screen = host().metrics();
     settings =
         first_settings(screen.width * screen.TwipsPerPixelX, screen.height * screen.TwipsPerPixelY);

@@ -11,6 +11,9 @@
 #include "dialogs/help.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
+#include "layout/align.h"
+#include "layout/auto_place.h"
+#include "layout/density.h"
 #include "links/link_engine.h"
 #include "model/default_looks.h"
 #include "model/session.h"
@@ -81,6 +84,19 @@ void wire_menus(EditorForm& form) {
     form.cmd_card_autosize.Click = cmd_card_autosize_Click;
     form.cmd_field_add.Click = cmd_field_add_Click;
     form.cmd_field_del.Click = cmd_field_del_Click;
+    form.cmd_align_left.Click = cmd_align_left_Click;
+    form.cmd_align_right.Click = cmd_align_right_Click;
+    form.cmd_align_center.Click = cmd_align_center_Click;
+    form.cmd_valign_top.Click = cmd_valign_top_Click;
+    form.cmd_valign_bottom.Click = cmd_valign_bottom_Click;
+    form.cmd_valign_center.Click = cmd_valign_center_Click;
+    form.cmd_dense.Click = cmd_dense_Click;
+    form.cmd_expand.Click = cmd_expand_Click;
+    form.cmd_a_left.Click = cmd_a_left_Click;
+    form.cmd_a_right.Click = cmd_a_right_Click;
+    form.cmd_a_center.Click = cmd_a_center_Click;
+    form.cmd_valign_link.Click = cmd_valign_link_Click;
+    form.cmdAutoPlace.Click = cmdAutoPlace_Click;
     form.cmd_link_automatic.Click = cmd_link_automatic_Click;
     form.cmd_lock.Click = cmd_lock_Click;
     form.cmd_fldBar.Click = cmd_fldBar_Click;
@@ -112,22 +128,6 @@ void wire_field_bar(EditorForm& form) {
         };
 }
 
-void wire_panel(EditorForm& form) {
-    form.cmb_field.Click = cmb_field_Click;
-    form.scr_pro.Change = scr_pro_Change;
-    for (auto const& row : panel_rows()) {
-        form.labProp(static_cast<int>(row.row)).Click = labProp_Click;
-        (form.*row.editor).GotFocus = [number = row.row] { row_GotFocus(number); };
-    }
-    form.txt_name.Change = txt_name_Change;
-    form.txt_width.Change = txt_width_Change;
-    form.txt_height.Change = txt_height_Change;
-    form.txt_width.LostFocus = txt_width_LostFocus;
-    form.txt_height.LostFocus = txt_height_LostFocus;
-    form.scr_width.Change = scr_width_Change;
-    form.scr_height.Change = scr_height_Change;
-}
-
 } // namespace
 
 void wire_editor_form() {
@@ -135,12 +135,13 @@ void wire_editor_form() {
     form.Click = MDIForm_Click;
     form.Resize = MDIForm_Resize;
     form.QueryUnload = MDIForm_QueryUnload;
+    // F1 as a key opens the page of the place; the entry beside which it stands, the contents.
     form.KeyDown = MDIForm_KeyDown;
     wire_menus(form);
     form.ico.prototype().Click = ico_Click;
     form.cmd_close_pro.Click = cmd_proBar_Click;
     wire_field_bar(form);
-    wire_panel(form);
+    wire_panel();
     form.startFocus.Tick = startFocus_Timer;
     form.closeTimer.Tick = closeTimer_Timer;
     form.paintTimer.Tick = paintTimer_Timer;

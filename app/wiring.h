@@ -4,5 +4,7 @@
 namespace kehystin {
 
 void wire_editor_form();
+/// The part of it that is the property panel.
+void wire_panel();
 
 } // namespace kehystin

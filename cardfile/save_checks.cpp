@@ -18,27 +18,30 @@ constexpr int narrowest_label = 25; // pixels
 
 using Numbers = std::vector<int>;
 
-TextControl& visual_of(int number) {
-    return fCard->visual(kind_of(field(number).style)->style, number);
-}
-
 void mark(Numbers const& marked) {
     for (int const number : marked) {
+        auto* const object = fCard->visual_of(number);
+        if (!object)
+            continue;
         // A transparent title would not show its colour.
-        if (field(number).is_title())
-            fCard->ots(number).BackStyle = int(BackStyle::opaque);
-        visual_of(number).BackColor = colours::red;
+        if (auto* const title = dynamic_cast<Label*>(object))
+            title->BackStyle = int(BackStyle::opaque);
+        object->BackColor = colours::red;
     }
 }
 
 void unmark(Numbers const& marked) {
     for (int const number : marked) {
+        auto* const object = fCard->visual_of(number);
+        if (!object)
+            continue;
         auto const& kind = *kind_of(field(number).style);
-        visual_of(number).BackColor = shows_card_colour(kind) && kind.style != Style::OTS
-                                          ? card.color
-                                          : field(number).backColor;
-        if (kind.style == Style::OTS && card.transp != 0)
-            fCard->ots(number).BackStyle = int(BackStyle::transparent);
+        object->BackColor = shows_card_colour(kind) && kind.style != Style::OTS
+                                ? card.color
+                                : field(number).backColor;
+        auto* const title = dynamic_cast<Label*>(object);
+        if (title && card.transp != 0)
+            title->BackStyle = int(BackStyle::transparent);
     }
 }
 

@@ -50,7 +50,6 @@ void fit_card() {
     fEditor->cmb_field.ListIndex = 0;
     fEditor->scr_width.Value = -(right + room_across);
     fEditor->scr_height.Value = -(bottom + room_down);
-    constexpr double twips_per_pixel = 15;
     size_card_frame(fCard->Width / twips_per_pixel, fCard->Height / twips_per_pixel);
 }
 

@@ -43,6 +43,14 @@ TextControl* CardForm::visual_of(int number) {
     return kind && focus.has(number) ? &visual(kind->style, number) : nullptr;
 }
 
+void CardForm::place_frame(int number) {
+    if (!focus.has(number))
+        return;
+    auto const& around = field(number);
+    focus(number).Move(around.left - 1.0, around.top - 1.0, around.width + 2.0,
+                       around.height + 2.0);
+}
+
 bool CardForm::is_selected(int number) {
     return focus.has(number) && focus(number).Visible;
 }

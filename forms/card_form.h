@@ -50,6 +50,9 @@ class CardForm : public Form {
     TextControl& visual(Style style, int number);
     /// The object that shows a field, by its record; null where none could be built.
     TextControl* visual_of(int number);
+    /// Puts a field's frame around its record, one pixel to spare on each side. A field without a
+    /// frame is passed over.
+    void place_frame(int number);
     /// A field is selected when its frame shows; there is no other record of the selection.
     bool is_selected(int number);
 };

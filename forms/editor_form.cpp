@@ -82,6 +82,9 @@ void place_button(EditorForm& form, PanelRow const& row) {
     button.Visible = false;
 }
 
+/// Characters: more than any record holds, and no more than a line of text can be edited with ease.
+constexpr int longest_text = 32767;
+
 void build_row(EditorForm& form, PanelRow const& row) {
     auto& caption = form.labProp.Load(static_cast<int>(row.row));
     caption.Caption = std::string(row.caption);
@@ -90,6 +93,7 @@ void build_row(EditorForm& form, PanelRow const& row) {
     auto& editor = form.*row.editor;
     editor.Move(value_left + 30, 0, row.width, row_height - 60);
     editor.BackColor = colours::white;
+    editor.MaxLength = longest_text;
     editor.Visible = false;
     if (row.scroll) {
         auto& scroll = form.*row.scroll;
@@ -104,14 +108,17 @@ void build_row(EditorForm& form, PanelRow const& row) {
         swatch.Move(value_left + 105, 0, 900, row_height - 60);
         swatch.Visible = false;
     }
-    if (row.list)
+    if (row.list) {
+        (form.*row.list).BackColor = colours::white;
         (form.*row.list).Visible = false;
+    }
 }
 
 void build_list_editor(EditorForm& form) {
     form.bot_list.Move(0, 0, value_right, 1845);
     form.bot_list.BackColor = face;
     form.bot_list.Visible = false;
+    form.lst_list.BackColor = colours::white;
     form.lst_list.Move(60, 60, value_right - 120, 1320);
     double left = 60;
     for (auto* const button : {&form.cmd_list_add, &form.cmd_list_change, &form.cmd_list_del,
@@ -125,6 +132,11 @@ void build_rows(EditorForm& form) {
     for (auto const& row : panel_rows())
         build_row(form, row);
     build_list_editor(form);
+    // Tab walks the rows, not what they stand in or what belongs to one of them.
+    for (Control* const part : form.proPic.children())
+        part->TabStop = dynamic_cast<TextBox*>(part) != nullptr;
+    for (auto* const area : {&form.proPic, &form.proBot, &form.proBar, &form.fldBar, &form.icoBar})
+        area->TabStop = false;
 }
 
 } // namespace

@@ -170,18 +170,19 @@ class EditorForm : public Form {
     Button cmd_border{&proPic, "cmd_border"};
     Button cmd_linkitys{&proPic, "cmd_linkitys"};
     Button cmd_linkki{&proPic, "cmd_linkki"};
-    // Pop-up lists.
-    ListBox lst_fontName{&proPic, "lst_fontName"};
-    ListBox lst_fontSize{&proPic, "lst_fontSize"};
-    ListBox lst_boolean{&proPic, "lst_boolean"};
-    ListBox lst_value{&proPic, "lst_value"};
-    ListBox lst_align{&proPic, "lst_align"};
-    ListBox lst_scale{&proPic, "lst_scale"};
-    ListBox lst_border{&proPic, "lst_border"};
-    ListBox lst_linkitys{&proPic, "lst_linkitys"};
-    ListBox lst_linkki{&proPic, "lst_linkki"};
+    // Pop-up lists. They stand over rows and scroll bar, and below the last row where there is
+    // room.
+    ListBox lst_fontName{&proBot, "lst_fontName"};
+    ListBox lst_fontSize{&proBot, "lst_fontSize"};
+    ListBox lst_boolean{&proBot, "lst_boolean"};
+    ListBox lst_value{&proBot, "lst_value"};
+    ListBox lst_align{&proBot, "lst_align"};
+    ListBox lst_scale{&proBot, "lst_scale"};
+    ListBox lst_border{&proBot, "lst_border"};
+    ListBox lst_linkitys{&proBot, "lst_linkitys"};
+    ListBox lst_linkki{&proBot, "lst_linkki"};
     // The list editor of a drop-down field.
-    PictureBox bot_list{&proPic, "bot_list"};
+    PictureBox bot_list{&proBot, "bot_list"};
     ListBox lst_list{&bot_list, "lst_list"};
     Button cmd_list_add{&bot_list, "cmd_list_add"};
     Button cmd_list_change{&bot_list, "cmd_list_change"};

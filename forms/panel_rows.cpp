@@ -103,6 +103,14 @@ PanelRow const& panel_row(Row row) {
     return table.at(static_cast<std::size_t>(row) - 1);
 }
 
+TextBox& editor_of(Row row) {
+    return (*fEditor).*panel_row(row).editor;
+}
+
+ListBox& list_of(Row row) {
+    return (*fEditor).*panel_row(row).list;
+}
+
 Row row_of(int number) {
     bool const known = number >= 1 && number <= static_cast<int>(table.size());
     return known ? static_cast<Row>(number) : none;

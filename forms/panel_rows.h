@@ -60,6 +60,9 @@ struct PanelRow {
 std::span<PanelRow const> panel_rows();
 /// A row of the table. `row` is not Row::none.
 PanelRow const& panel_row(Row row);
+TextBox& editor_of(Row row);
+/// The list of a row that has one.
+ListBox& list_of(Row row);
 /// The row of a number, Row::none outside 1 to 25.
 Row row_of(int number);
 

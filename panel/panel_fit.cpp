@@ -1,10 +1,7 @@
 #include "panel/panel_fit.h"
 
 #include "commands/card_size.h"
-#include "forms/panel_rows.h"
-
-#include <algorithm>
-#include <cmath>
+#include "panel/rows.h"
 
 namespace kehystin {
 
@@ -31,11 +28,8 @@ double fit_scroll_bar() {
         bar.Value = 0; // rows that fit are not scrolled out of sight
         return 0;
     }
-    double const range = missing + row_step;
     bar.Top = 0;
-    bar.Min = 0;
-    bar.Max = static_cast<int>(range - std::fmod(range, row_step)); // whole rows
-    bar.Value = std::min(bar.Value.get(), bar.Max.get());
+    fit_scroll_range();
     return scroll_width;
 }
 
@@ -69,6 +63,7 @@ void paintTimer_Timer() {
 }
 
 void scr_pro_Change() {
+    hide_pop_ups(); // they would stay behind where their row stood
     fEditor->proPic.Top = -fEditor->scr_pro.Value;
 }
 

@@ -10,8 +10,6 @@ namespace kehystin {
 
 namespace {
 
-constexpr std::string_view no_file = "Ei tiedostoa";
-
 std::string word(std::span<std::string_view const> words, int number) {
     bool const known = number >= 0 && number < std::ssize(words);
     return known ? std::string(words[static_cast<std::size_t>(number)]) : std::string();
@@ -30,16 +28,6 @@ std::string scaling_word(int scaling) {
 std::string border_word(int border) {
     constexpr std::array<std::string_view, 2> words = {"Ei kehystä", "Näytä kehys"};
     return word(words, border);
-}
-
-/// The items of a drop-down: each ends with a bar, and what stands behind the last bar is none.
-std::vector<std::string> items_of(Field const& one) {
-    std::vector<std::string> items;
-    std::string const list = one.list.str();
-    std::size_t start = 0;
-    for (std::size_t bar; (bar = list.find('|', start)) != std::string::npos; start = bar + 1)
-        items.push_back(list.substr(start, bar - start));
-    return items;
 }
 
 /// The item that the value of a drop-down names. Digits that name none are shown as they are.
@@ -66,12 +54,12 @@ std::string value_text(Field& one) {
 
 std::string image_file_text(Field& one) {
     auto const path = one.list.trim();
-    return names_a_file(path) ? file_part(path) : std::string(no_file);
+    return names_a_file(path) ? file_part(path) : std::string(no_image_file);
 }
 
 /// A link kept by hand may name a field that is no longer there.
 std::string link_text(Field const& one) {
-    bool const exists = one.linkki >= 1 && one.linkki < std::ssize(fields);
+    bool const exists = one.linkki >= 1 && one.linkki <= card.fields;
     return exists ? field(one.linkki).caption.trimmed() : std::string();
 }
 
@@ -112,10 +100,50 @@ void fill_list_editor(Field const& one) {
         form.lst_list.AddItem(item);
     for (auto* const button : {&form.cmd_list_add, &form.cmd_list_change, &form.cmd_list_del,
                                &form.cmd_list_up, &form.cmd_list_down})
-        button->Picture = Picture::named(button->name());
+        button->Picture = Picture::named(list_button_picture(*button));
 }
 
 } // namespace
+
+std::vector<std::string> items_of(Field const& one) {
+    std::vector<std::string> items;
+    std::string const list = one.list.str();
+    std::size_t start = 0;
+    for (std::size_t bar; (bar = list.find('|', start)) != std::string::npos; start = bar + 1)
+        items.push_back(list.substr(start, bar - start));
+    return items;
+}
+
+std::string list_button_picture(Button const& button) {
+    return "img" + button.name().substr(button.name().find('_'));
+}
+
+std::optional<bool> boolean_word(std::string_view text) {
+    auto const word = UCase(Trim(text));
+    if (word == "KYLLÄ" || word == "YES")
+        return true;
+    if (word == "EI" || word == "NO")
+        return false;
+    return std::nullopt;
+}
+
+std::optional<int> word_number(Row row, std::string_view text) {
+    if (is_boolean(row)) {
+        auto const yes = boolean_word(text);
+        return yes ? std::optional(*yes ? 0 : 1) : std::nullopt;
+    }
+    auto const& list = list_of(row);
+    auto const word = UCase(Trim(text));
+    for (int i = 0; i < list.ListCount(); ++i)
+        if (UCase(Trim(list.List(i))) == word)
+            return i;
+    return std::nullopt;
+}
+
+bool is_boolean(Row row) {
+    return row == Row::bold || row == Row::italic || row == Row::transparent ||
+           row == Row::linkable;
+}
 
 std::string_view yes_no(bool yes) {
     return yes ? "Kyllä" : "Ei";

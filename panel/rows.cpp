@@ -1,8 +1,12 @@
 #include "panel/rows.h"
 
 #include "model/session.h"
+#include "panel/row_texts.h"
+#include "platform/system.h"
+#include "platform/text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kehystin {
 
@@ -11,14 +15,11 @@ namespace {
 constexpr double first_row_top = 30; // twips; the strips begin that much higher
 constexpr Colour caption_strip = RGB(253, 253, 240);
 constexpr Colour disabled_strip = RGB(222, 222, 222);
-
-TextBox& editor_of(PanelRow const& row) {
-    return (*fEditor).*row.editor;
-}
+constexpr std::string_view manual_link = "Manuaalinen";
 
 void hide_row(PanelRow const& row) {
     fEditor->labProp(static_cast<int>(row.row)).Visible = false;
-    editor_of(row).Visible = false;
+    editor_of(row.row).Visible = false;
     if (row.swatch)
         ((*fEditor).*row.swatch).Visible = false;
 }
@@ -27,8 +28,8 @@ void show_row(PanelRow const& row, double top) {
     auto& caption = fEditor->labProp(static_cast<int>(row.row));
     caption.Top = top;
     caption.Visible = true;
-    editor_of(row).Top = top;
-    editor_of(row).Visible = true;
+    editor_of(row.row).Top = top;
+    editor_of(row.row).Visible = true;
     if (row.button)
         ((*fEditor).*row.button).Top = top - first_row_top;
     if (row.scroll)
@@ -42,14 +43,15 @@ void show_row(PanelRow const& row, double top) {
 
 /// Tab and Shift+Tab walk the rows as they stand.
 void order_tabs(std::span<Row const> rows) {
-    int place = editor_of(panel_rows().front()).TabIndex;
+    int place = editor_of(panel_rows().front().row).TabIndex;
     for (auto const& row : panel_rows())
-        place = std::min<int>(place, editor_of(row).TabIndex);
+        place = std::min<int>(place, editor_of(row.row).TabIndex);
     for (auto const row : rows)
-        editor_of(panel_row(row)).TabIndex = place++;
+        editor_of(row).TabIndex = place++;
 }
 
-/// A pale strip behind each caption and a white one behind each value, a gap between them.
+} // namespace
+
 void paint_strips() {
     auto& area = fEditor->proPic;
     area.Cls();
@@ -57,6 +59,59 @@ void paint_strips() {
         area.DrawFilledBox(0, y, caption_right, y + row_height, caption_strip);
     for (double y = 0; y <= area.Height - 2 * row_step; y += row_step)
         area.DrawFilledBox(value_left, y, value_right, y + row_height, colours::white);
+}
+
+namespace {
+
+/// Four rows share the list of yes and no, which knows by its Tag whom it serves.
+std::string_view boolean_tag(Row row) {
+    switch (row) {
+    case Row::bold:
+        return "BOLD";
+    case Row::italic:
+        return "ITALIC";
+    case Row::transparent:
+        return "TRANSP";
+    case Row::linkable:
+        return "LINK";
+    default:
+        return {};
+    }
+}
+
+/// A row that is scrolled out of sight comes back when it gets the keyboard.
+void scroll_into_view(PanelRow const& row) {
+    auto& bar = fEditor->scr_pro;
+    if (!bar.Visible)
+        return;
+    double const top = editor_of(row.row).Top - first_row_top;
+    double const bottom = top + row_step;
+    double const seen_to = bar.Value + fEditor->proBot.Height;
+    if (top < bar.Value)
+        bar.Value = static_cast<int>(top);
+    else if (bottom > seen_to)
+        bar.Value = std::min(
+            bar.Max.get(),
+            static_cast<int>(std::ceil((bottom - fEditor->proBot.Height) / row_step) * row_step));
+}
+
+/// The list of a row stands under its editor and on the item that the editor shows. Nothing is
+/// chosen by that.
+void prepare_list(PanelRow const& row) {
+    constexpr double wider = 300; // twips than the editor
+    constexpr double item_height = 210;
+    constexpr int most_items = 8;
+    auto& list = (*fEditor).*row.list;
+    auto const& editor = editor_of(row.row);
+    list.Left = fEditor->proPic.Left + editor.Left;
+    list.Width = editor.Width + (row.row == Row::link ? 0 : wider);
+    place_pop_up(list, row.row, std::clamp(list.ListCount(), 1, most_items) * item_height + 60);
+    if (auto const tag = boolean_tag(row.row); !tag.empty())
+        list.Tag = std::string(tag);
+    if (row.row == Row::link_mode)
+        list.ListIndex.show(contains(UCase(editor.Text.get()), "AUTO") ? 0 : 1);
+    else if (row.row != Row::link)
+        list.ListIndex.show(word_number(row.row, editor.Text.get()).value_or(-1));
 }
 
 } // namespace
@@ -80,11 +135,23 @@ void lay_out_rows(std::span<Row const> rows) {
     }
     order_tabs(rows);
     form.proPic.Height = top + row_height;
-    paint_strips();
     if (has_link_row)
-        show_link_mode();
-    if ((form.proPic.Height > form.proBot.Height) != form.scr_pro.Visible)
+        show_link_mode(form.txt_linkitys.Text.get() == manual_link);
+    else
+        paint_strips();
+    bool const need_scrolling = form.proPic.Height > form.proBot.Height;
+    if (need_scrolling != form.scr_pro.Visible)
         form.paintTimer.Enabled = true;
+    else if (need_scrolling)
+        fit_scroll_range();
+}
+
+void fit_scroll_range() {
+    auto& bar = fEditor->scr_pro;
+    double const range = fEditor->proPic.Height - fEditor->proBot.Height + row_step;
+    bar.Min = 0;
+    bar.Max = static_cast<int>(range - std::fmod(range, row_step)); // whole rows
+    bar.Value = std::min(bar.Value.get(), bar.Max.get());
 }
 
 void hide_pro() {
@@ -100,16 +167,21 @@ void hide_cmd() {
             ((*fEditor).*row.button).Visible = false;
         if (row.scroll)
             ((*fEditor).*row.scroll).Visible = false;
+    }
+    hide_pop_ups();
+}
+
+void hide_pop_ups() {
+    for (auto const& row : panel_rows())
         if (row.list)
             ((*fEditor).*row.list).Visible = false;
-    }
     fEditor->bot_list.Visible = false;
 }
 
-void show_link_mode() {
+void show_link_mode(bool manual) {
     auto& link = fEditor->txt_linkki;
-    bool const manual = fEditor->txt_linkitys.Text.get() == "Manuaalinen";
     auto const colour = manual ? colours::white : disabled_strip;
+    paint_strips();
     fEditor->proPic.DrawFilledBox(link.Left - 30, link.Top - 30, value_right,
                                   link.Top - 30 + row_height, colour);
     link.BackColor = colour;
@@ -119,18 +191,49 @@ void show_link_mode() {
 void labProp_Click(int index) {
     auto const row = row_of(index);
     if (row != Row::none)
-        editor_of(panel_row(row)).SetFocus();
+        editor_of(row).SetFocus();
 }
 
 void row_GotFocus(Row number) {
     auto const& row = panel_row(number);
     hide_cmd();
+    scroll_into_view(row);
     if (row.button)
         ((*fEditor).*row.button).Visible = true;
     if (row.scroll)
         ((*fEditor).*row.scroll).Visible = true;
-    editor_of(row).select_all();
+    editor_of(row.row).select_all();
     session.pro_focus = static_cast<int>(number);
+    if (row.list)
+        prepare_list(row);
+}
+
+void place_pop_up(Control& pop_up, Row number, double height) {
+    auto const& editor = editor_of(number);
+    auto const& area = fEditor->proPic;
+    constexpr double gap = 30;
+    double const below = area.Top + editor.Top + editor.Height + gap;
+    double const above = area.Top + editor.Top - gap - height;
+    bool const fits_below = below + height <= fEditor->proBot.Height;
+    pop_up.Top = fits_below || above < 0 ? below : above;
+    pop_up.Height = height;
+    pop_up.bring_to_front();
+}
+
+bool belongs_to_row(Control const* control, Row number) {
+    auto const& row = panel_row(number);
+    auto& form = *fEditor;
+    return control &&
+           (control == &(form.*row.editor) || (row.button && control == &(form.*row.button)) ||
+            (row.scroll && control == &(form.*row.scroll)) ||
+            (row.list && control == &(form.*row.list)));
+}
+
+void give_keyboard_back(Control* before) {
+    // Without a row to go back to, focusTimer is to find the first one.
+    bool const has_row = session.pro_focus != 0;
+    if (before && has_row && !System::current().focused())
+        before->SetFocus();
 }
 
 } // namespace kehystin

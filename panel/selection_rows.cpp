@@ -7,6 +7,7 @@
 #include "model/session.h"
 #include "panel/row_texts.h"
 #include "panel/rows.h"
+#include "platform/system.h"
 
 #include <algorithm>
 #include <array>
@@ -156,6 +157,18 @@ void show_difference(Row row) {
         (form.*panel_row(row).editor).Text = "";
 }
 
+/// Those whose kind has the row: a row of several fields can stand beside a field that has it not.
+std::vector<int> fields_with(Row row, std::vector<int> numbers) {
+    std::erase_if(numbers, [row](int number) {
+        auto const* const kind = kind_of(field(number).style);
+        if (!kind)
+            return true;
+        auto const rows = panel_kind(kind->prefix)->rows;
+        return std::find(rows.begin(), rows.end(), row) == rows.end();
+    });
+    return numbers;
+}
+
 void fill_common_values(std::vector<int> const& numbers) {
     PanelUpdate const filling;
     for (auto const& property : comparables)
@@ -164,10 +177,11 @@ void fill_common_values(std::vector<int> const& numbers) {
         else
             show_difference(property.row);
     for (auto const row : rows_without_key) {
+        auto const having = fields_with(row, numbers);
         auto const text = [row](Field& one) { return row_text(row, one); };
-        if (!numbers.empty())
-            fill_row(row, field(numbers.front())); // the lists to choose from, in any case
-        if (numbers.empty() || !agree(numbers, std::string("StartValue"), text))
+        if (!having.empty())
+            fill_row(row, field(having.front())); // the lists to choose from, in any case
+        if (having.empty() || !agree(having, std::string("StartValue"), text))
             show_difference(row);
     }
 }
@@ -215,11 +229,13 @@ Freedom freedom_of(std::vector<int> const& numbers) {
 }
 
 void show_common_rows(std::vector<int> const& numbers) {
+    auto* const keyboard = System::current().focused();
     hide_pro();
     fill_common_values(numbers); // first: what "Linkitys" says decides how "Linkki" looks
     lay_out_rows(common_rows(Counts(numbers)));
     fEditor->proPic.Visible = true;
     fEditor->focusTimer.Enabled = true;
+    give_keyboard_back(keyboard);
 }
 
 Code code(bool on) {

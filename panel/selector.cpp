@@ -7,15 +7,21 @@
 #include "model/session.h"
 #include "panel/row_texts.h"
 #include "panel/rows.h"
+#include "platform/system.h"
 
 namespace kehystin {
 
 namespace {
 
+/// Frames that a drag has moved stand around their fields again: what the selector chooses comes
+/// without a release.
 void hide_frames() {
-    for (int i = 0; i <= card.fields; ++i)
-        if (fCard->focus.has(i))
+    fCard->focus(0).Visible = false;
+    for (int i = 1; i <= card.fields; ++i)
+        if (fCard->focus.has(i)) {
             fCard->focus(i).Visible = false;
+            fCard->place_frame(i);
+        }
 }
 
 /// A field whose kind is unknown shows no rows.
@@ -39,6 +45,7 @@ void cmb_field_Click() {
     int const chosen = fEditor->cmb_field.ListIndex;
     if (chosen == -1 || !session.cardFormLoaded)
         return;
+    auto* const keyboard = System::current().focused();
     {
         PanelUpdate const filling;
         hide_frames();
@@ -58,6 +65,7 @@ void cmb_field_Click() {
     }
     if (fEditor->stsBar.Visible)
         upd_sts();
+    give_keyboard_back(keyboard);
 }
 
 } // namespace kehystin

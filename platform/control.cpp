@@ -109,7 +109,9 @@ void Control::bring_to_front() {
 }
 
 void Control::SetFocus() {
-    if (can_take_focus())
+    auto const* const modal = System::current().active_modal();
+    bool const reachable = !modal || modal == &form();
+    if (reachable && can_take_focus())
         System::current().move_focus(this);
 }
 

@@ -5,6 +5,7 @@
 #include "platform/drawing.h"
 #include "platform/events.h"
 #include "platform/property.h"
+#include "platform/units.h"
 
 #include <span>
 #include <string>
@@ -32,6 +33,7 @@ enum class ControlClass {
     timer,
     status_bar,
     tree_view,
+    frame,
 };
 
 /// The place of a control in its form's tab order. Setting it moves the control there, at most to
@@ -84,6 +86,8 @@ class Control {
     Property<std::string> Tag{*this};
     Property<std::string> ToolTipText{*this};
     TabIndexProperty TabIndex{*this};
+    /// Tab stops here on its walk through the form.
+    Property<bool> TabStop{*this, true};
 
     Event Click;
     Event DblClick;

@@ -46,6 +46,7 @@ constexpr std::array control_rows = {
     entry<&Control::Height>("Height"),
     entry<&Control::Tag>("Tag"),
     entry<&Control::ToolTipText>("ToolTipText"),
+    entry<&Control::TabStop>("TabStop"),
     PropertyEntry{
         "TabIndex", [](Control const& control) -> Value { return 1.0 * int{control.TabIndex}; },
         [](Control& control, Value const& value) { control.TabIndex = from_value<int>(value); }},
@@ -116,6 +117,9 @@ constexpr auto option_button_table =
     joined(control_rows, text_rows,
            own(entry<&OptionButton::Caption>("Caption"), entry<&OptionButton::Value>("Value")));
 constexpr auto list_table = joined(control_rows, text_rows, list_rows);
+constexpr auto frame_table =
+    joined(control_rows, text_rows,
+           own(entry<&Frame::Caption>("Caption"), entry<&Frame::BorderStyle>("BorderStyle")));
 constexpr auto picture_box_table = joined(
     control_rows, text_rows,
     own(entry<&PictureBox::Picture>("Picture"), entry<&PictureBox::BorderStyle>("BorderStyle"),
@@ -164,6 +168,12 @@ std::span<PropertyEntry const> ComboBox::properties() const {
 }
 std::span<PropertyEntry const> ListBox::properties() const {
     return list_table;
+}
+std::span<PropertyEntry const> TreeView::properties() const {
+    return list_table;
+}
+std::span<PropertyEntry const> Frame::properties() const {
+    return frame_table;
 }
 std::span<PropertyEntry const> PictureBox::properties() const {
     return picture_box_table;

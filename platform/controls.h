@@ -158,6 +158,28 @@ class ListBox : public ListControl {
     std::span<PropertyEntry const> properties() const override;
 };
 
+/// A list whose items are the nodes of a tree. All of them stand at its root, always in view; a
+/// click on a node raises Click, also on the one that is chosen already.
+class TreeView : public ListControl {
+  public:
+    using ListControl::ListControl;
+    ControlClass control_class() const override { return ControlClass::tree_view; }
+    std::span<PropertyEntry const> properties() const override;
+};
+
+/// Holds other controls, with a line around them and a caption in the line. What stands in it is
+/// shown and enabled only while it is.
+class Frame : public TextControl {
+  public:
+    using TextControl::TextControl;
+    Property<std::string> Caption{*this};
+    /// 0 leaves out line and caption.
+    Property<int> BorderStyle{*this, 1};
+
+    ControlClass control_class() const override { return ControlClass::frame; }
+    std::span<PropertyEntry const> properties() const override;
+};
+
 /// What can be drawn on: a form, or a picture box. Distances are in the unit inside it.
 class Canvas {
   public:

@@ -9,9 +9,8 @@ namespace platform::input {
 
 namespace {
 
-/// Mouse positions reach an object in twips, at this fixed ratio whatever the screen's own is;
-/// forms and picture boxes, which have a unit of their own inside, get that unit.
-constexpr double twips_per_pixel = 15;
+// Mouse positions reach an object in twips; forms and picture boxes, which have a unit of their own
+// inside, get that unit.
 
 [[noreturn]] void refuse(Control const& control, std::string const& why) {
     throw InputRefused(control.full_name() + " " + why);
@@ -65,6 +64,14 @@ void replace_selection(TextBox& box, std::string_view text) {
     box.replace_text(head + std::string(text) + tail, start + static_cast<int>(Len(text)));
 }
 
+/// A box of one line takes a line break as a blank.
+std::string in_one_line(std::string_view text) {
+    auto line = Replace(text, "\r\n", " ");
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return line;
+}
+
 void type_character(Control& control, char32_t key, std::string_view utf8) {
     char32_t const pressed = key;
     if (control.KeyPress)
@@ -80,19 +87,25 @@ void type_character(Control& control, char32_t key, std::string_view utf8) {
     replace_selection(*box, from_code_page({&byte, 1}));
 }
 
+bool covers(Control const& control, double x, double y) {
+    return x >= control.Left && y >= control.Top && x < control.Left + control.Width &&
+           y < control.Top + control.Height;
+}
+
+/// Outlines and lines only mark places.
+bool is_object(Control const& control) {
+    return control.has_tab_index() && control.Visible;
+}
+
 Control* descend(Control const& container, double x, double y) {
     auto const& children = container.children();
     for (auto child = children.rbegin(); child != children.rend(); ++child) {
         auto& control = **child;
-        bool const takes_mouse =
-            control.has_tab_index() && control.control_class() != ControlClass::combo_box;
-        if (!takes_mouse || !control.Visible || !control.Enabled)
+        bool const takes_mouse = is_object(control) && control.Enabled &&
+                                 control.control_class() != ControlClass::combo_box;
+        if (!takes_mouse || !covers(control, x, y))
             continue;
-        double const left = x - control.Left;
-        double const top = y - control.Top;
-        if (left < 0 || top < 0 || left >= control.Width || top >= control.Height)
-            continue;
-        auto* const inner = descend(control, left, top);
+        auto* const inner = descend(control, x - control.Left, y - control.Top);
         return inner ? inner : &control;
     }
     return nullptr;
@@ -139,6 +152,14 @@ bool is_inside(Control& control, double x, double y) {
 
 Control* object_at(Form& form, double x, double y) {
     return descend(form, pixels_to_form_units(form, x), pixels_to_form_units(form, y));
+}
+
+bool takes_drop(Form& form, double x, double y) {
+    auto const& standing = form.children();
+    return std::none_of(standing.begin(), standing.end(), [&](Control const* control) {
+        return is_object(*control) &&
+               covers(*control, pixels_to_form_units(form, x), pixels_to_form_units(form, y));
+    });
 }
 
 void click(Control& control) {
@@ -223,7 +244,7 @@ void walk_focus(Control& from, int step) {
     for (int i = 0; i < count; ++i) {
         place = (place + step + count) % count;
         auto* const next = order[static_cast<std::size_t>(place)];
-        if (next->can_take_focus())
+        if (next->TabStop && next->can_take_focus())
             return focus(*next);
     }
 }
@@ -233,9 +254,9 @@ void paste(TextBox& box, std::string_view text, std::optional<int> caret) {
     if (box.Locked)
         refuse(box, "is locked");
     System::at_edge([&] {
-        std::string const taken = box.MaxLength > 0
-                                      ? Left(text, static_cast<std::size_t>(box.MaxLength.get()))
-                                      : std::string(text);
+        auto const kept = box.MultiLine ? std::string(text) : in_one_line(text);
+        auto const taken =
+            box.MaxLength > 0 ? Left(kept, static_cast<std::size_t>(box.MaxLength.get())) : kept;
         auto const end = static_cast<int>(Len(taken));
         box.replace_text(taken, std::min(caret.value_or(end), end));
     });
@@ -321,7 +342,7 @@ void mouse_double_press(Form& form, double x, double y, bool modifier) {
 void drop(Control& source, Form& form, double x, double y) {
     require_reachable(source);
     require_reachable(form);
-    if (object_at(form, x, y))
+    if (!takes_drop(form, x, y))
         return; // what stands on a form takes no drops, and hides the form under it
     System::at_edge([&] {
         if (auto const handler = form.DragDrop)

@@ -53,6 +53,8 @@ void mouse_release(Form& form, double x, double y);
 void mouse_double_press(Form& form, double x, double y, bool modifier);
 /// The object of a form that takes the mouse at a point, or null for the form itself.
 Control* object_at(Form& form, double x, double y);
+/// True where nothing stands on a form that would take a drop away from it.
+bool takes_drop(Form& form, double x, double y);
 
 /// A control that can be dragged is dropped on a form, at a point inside it in pixels.
 void drop(Control& source, Form& form, double x, double y);

@@ -1,70 +1,25 @@
 #include "properties/card_rows.h"
 
-#include "commands/card_size.h"
-#include "commands/document_state.h"
-#include "forms/card_form.h"
 #include "forms/editor_form.h"
-#include "model/card.h"
 #include "model/session.h"
-#include "panel/selector.h"
+#include "panel/row_texts.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "properties/apply.h"
+#include "surface/hourglass.h"
+#include "surface/images.h"
+#include "surface/visuals.h"
 
 namespace kehystin {
 
 namespace {
 
-constexpr double twips_per_pixel = 15; // whatever the screen's own ratio is
+constexpr std::string_view no_picture = "Ei";
 
-bool edits_card() {
-    return session.cardFormLoaded && fEditor->cmb_field.ListIndex == 0;
-}
-
-bool fits_card(double size) {
-    return size >= limits::smallest_card && size <= limits::largest_card;
-}
-
-/// What width and height of a card differ in.
-struct Side {
-    TextBox EditorForm::*editor;
-    ScrollBar EditorForm::*scroll;
-    Integer Card::*size;
-    Property<double> Control::*window;
-};
-
-constexpr Side across = {&EditorForm::txt_width, &EditorForm::scr_width, &Card::width,
-                         &Control::Width};
-constexpr Side down = {&EditorForm::txt_height, &EditorForm::scr_height, &Card::height,
-                       &Control::Height};
-
-double typed(Side const& side) {
-    return Val(((*fEditor).*side.editor).Text.get());
-}
-
-void apply_size(Side const& side) {
-    double const number = typed(side);
-    if (session.pro_updating || !edits_card() || !fits_card(number))
-        return;
-    {
-        PanelUpdate const filling;
-        ((*fEditor).*side.scroll).Value = -int{Integer(number)};
-    }
-    card.*side.size = Integer(number);
-    (*fCard).*side.window = card.*side.size * twips_per_pixel;
-    size_card_frame(card.width, card.height);
-    MarkCardChanged();
-}
-
-void check_size(Side const& side) {
-    // Wider than what is taken while typing: a number up to this is left standing.
-    constexpr double largest_left_standing = 6000;
-    double const number = typed(side);
-    bool const valid = number >= limits::smallest_card && number <= largest_left_standing;
-    if (!session.pro_updating && edits_card() && !valid)
-        cmb_field_Click();
-}
-
-void take_scrolled(Side const& side) {
-    if (!session.pro_updating)
-        ((*fEditor).*side.editor).Text = Format(-((*fEditor).*side.scroll).Value);
+void show_picture_name() {
+    PanelUpdate const filling;
+    auto const path = card.picture.trimmed();
+    fEditor->txt_picture.Text = names_a_file(path) ? file_part(path) : std::string(no_picture);
 }
 
 } // namespace
@@ -74,31 +29,52 @@ void txt_name_Change() {
         return;
     card.name = Trim(fEditor->txt_name.Text.get());
     fCard->Caption = " " + card.name.trimmed();
-    MarkCardChanged();
+    finish_change(Links::keep);
 }
 
-void txt_width_Change() {
-    apply_size(across);
+void txt_transp_Change() {
+    if (session.pro_updating || !session.cardFormLoaded)
+        return;
+    auto const transparent = boolean_word(fEditor->txt_transp.Text.get());
+    if (!transparent)
+        return;
+    card.transp = *transparent ? -1 : 0;
+    for (int i = 1; i <= card.fields; ++i) {
+        show_background(i);
+        show_image_background(i);
+    }
+    finish_change(Links::keep);
 }
 
-void txt_height_Change() {
-    apply_size(down);
+void cmd_picture_Click() {
+    auto const path = choose_picture();
+    if (path.empty())
+        return;
+    try {
+        Hourglass const pointer;
+        auto const stored = FixedText<150>(path);
+        auto const picture = LoadPicture(stored.trimmed());
+        card.picture = stored.trimmed();
+        fCard->Picture = picture;
+        show_picture_name();
+        finish_change(Links::keep);
+    } catch (RuntimeError const& error) {
+        report_unreadable_picture(error);
+    }
 }
 
-void txt_width_LostFocus() {
-    check_size(across);
+void txt_picture_DblClick() {
+    if (!session.cardFormLoaded)
+        return;
+    card.picture = "";
+    fCard->Picture = Picture();
+    show_picture_name();
+    finish_change(Links::keep);
 }
 
-void txt_height_LostFocus() {
-    check_size(down);
-}
-
-void scr_width_Change() {
-    take_scrolled(across);
-}
-
-void scr_height_Change() {
-    take_scrolled(down);
+void txt_picture_Change() {
+    if (!session.pro_updating)
+        show_picture_name();
 }
 
 } // namespace kehystin

@@ -1,4 +1,4 @@
-// The rows that edit the card itself.
+// The rows that edit the card alone. Its width and height: number_rows.
 #pragma once
 
 namespace kehystin {
@@ -6,15 +6,15 @@ namespace kehystin {
 /// "Nimi": each key goes to the card's name and to the caption of its window.
 void txt_name_Change();
 
-/// "Leveys" and "Korkeus", which the card and its fields share. Typed numbers outside 60 to 3000
-/// are not taken for the card.
-void txt_width_Change();
-void txt_height_Change();
-/// A number that the card cannot have is replaced by the one that it has.
-void txt_width_LostFocus();
-void txt_height_LostFocus();
-/// The scroll bars of the two rows write their negative into the rows.
-void scr_width_Change();
-void scr_height_Change();
+/// "Läpinäkyvä": titles, marks and images show the card behind them, or their own colour.
+void txt_transp_Change();
+
+/// "Taustakuva": a picture file for the card. A file that is no picture is told and changes
+/// nothing.
+void cmd_picture_Click();
+/// Takes the picture away.
+void txt_picture_DblClick();
+/// The text cannot be edited: it says what it said.
+void txt_picture_Change();
 
 } // namespace kehystin

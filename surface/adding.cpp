@@ -88,7 +88,8 @@ void take_title_font() {
                      static_cast<bool>(look.fontItalic), fCard->FontUnderline});
 }
 
-/// Makes room for one more field and returns its number. A deleted field may still lie there.
+/// Makes room for one more field, as zeros, and returns its number: a deleted field may still lie
+/// there.
 int grow() {
     card.fields += 1;
     auto const needed = static_cast<std::size_t>(int{card.fields}) + 1;
@@ -117,6 +118,24 @@ void drop_field(Kind const& kind, double x, double y) {
     MarkCardChanged();
 }
 
+/// After a drop that failed: the field stays as far as it was made, and whoever looks for its line
+/// in the selector, its object and its frame finds them if they can be made at all.
+void settle_half_made_field(Kind const& kind) {
+    int const number = card.fields;
+    if (fEditor->cmb_field.ListCount() == number)
+        add_to_selector(number);
+    try {
+        if (!fCard->focus.has(number)) {
+            build_dropped_visual(kind, number);
+            add_frame(number);
+        }
+    } catch (RuntimeError const&) {
+        // The box of the failure itself has been shown; without object and frame the field only
+        // stands in the record.
+    }
+    MarkCardChanged();
+}
+
 /// Takes a field out of the array, which keeps its length. A role that names the field itself goes
 /// on naming its number, and so the field that came next.
 void remove_field(int number) {
@@ -134,10 +153,13 @@ void Form_DragDrop(Control& source, double x, double y) {
     auto const* const kind = kind_of(std::string_view(source.Tag.get()));
     if (!kind)
         return;
+    int const fields_before = card.fields;
     try {
         with_memory_checked([&] { drop_field(*kind, x, y); });
     } catch (RuntimeError const& error) {
         standard_report(" Kentän lataaminen kortille aiheutti virheen     ", error);
+        if (card.fields > fields_before)
+            settle_half_made_field(*kind);
     }
 }
 

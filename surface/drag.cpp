@@ -12,6 +12,7 @@
 #include "platform/system.h"
 #include "surface/frames.h"
 #include "surface/grid.h"
+#include "surface/visuals.h"
 
 #include <algorithm>
 #include <vector>
@@ -20,8 +21,6 @@ namespace kehystin {
 
 namespace {
 
-/// Twips of the mouse to pixels, whatever the screen's own ratio is.
-constexpr double twips_per_pixel = 15;
 constexpr int largest_field = 3000; // pixels each way
 
 struct Offset {
@@ -63,14 +62,7 @@ void apply(Geometry const& place) {
     one.top = place.top;
     one.width = place.width;
     one.height = place.height;
-    place_frame(fCard->focus(place.number), one);
-    auto* const object = fCard->visual_of(place.number);
-    if (!object)
-        return;
-    object->Move(int{one.left}, int{one.top});
-    object->Width = int{one.width};
-    if (one.style != static_cast<int>(Style::CMB))
-        object->Height = int{one.height};
+    show_place(place.number);
 }
 
 /// A number of the panel after a drag: shown when all selected fields have it and it can be typed.
@@ -104,7 +96,7 @@ void give_up_drag() {
     for (int i = 1; i <= card.fields; ++i)
         if (fCard->focus.has(i)) {
             fCard->focus(i).Tag = "";
-            place_frame(fCard->focus(i), field(i));
+            fCard->place_frame(i);
         }
 }
 

@@ -16,8 +16,6 @@ namespace kehystin {
 
 namespace {
 
-constexpr double twips_per_pixel = 15;
-
 /// The numbers in which the kinds of object differ. They are settled one by one: the wide far zone
 /// of the text-like kinds answers their sunken borders, the large smallest drag of check and option
 /// keeps them from being sized below their mark, and zones at press and hover are not the same.

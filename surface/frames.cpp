@@ -6,10 +6,6 @@
 
 namespace kehystin {
 
-void place_frame(Shape& frame, Field const& around) {
-    frame.Move(around.left - 1.0, around.top - 1.0, around.width + 2.0, around.height + 2.0);
-}
-
 namespace {
 
 Colour frame_colour() {
@@ -19,9 +15,8 @@ Colour frame_colour() {
 } // namespace
 
 void add_frame(int number) {
-    auto& frame = fCard->focus.Load(number);
-    place_frame(frame, field(number));
-    frame.BorderColor = frame_colour();
+    fCard->focus.Load(number).BorderColor = frame_colour();
+    fCard->place_frame(number);
 }
 
 void show_lock_state() {

@@ -6,9 +6,6 @@
 
 namespace kehystin {
 
-/// Puts a frame around a field.
-void place_frame(Shape& frame, Field const& around);
-
 /// Makes the hidden frame of a field, in the colour of the lock.
 void add_frame(int number);
 

@@ -15,9 +15,6 @@ namespace kehystin {
 
 namespace {
 
-/// Twips to pixels on the surface, whatever the screen's own ratio is.
-constexpr double twips_per_pixel = 15;
-
 void draw_grid(Colour colour) {
     int const last_x = Integer(fCard->Width / twips_per_pixel);
     int const last_y = Integer(fCard->Height / twips_per_pixel);

@@ -31,7 +31,15 @@ class Sizing {
     Sizing& operator=(Sizing const&) = delete;
 };
 
-void open_window() {
+/// A missing picture is passed over in silence.
+Picture background(Picture const& standing) {
+    auto const path = card.picture.trim();
+    if (!standing.empty() && standing.name() == path)
+        return standing;
+    return names_a_file(path) ? LoadPicture(path) : Picture();
+}
+
+void open_window(Picture const& standing) {
     unload_card_form();
     Sizing const sizing;
     fCard = std::make_unique<CardForm>();
@@ -43,10 +51,7 @@ void open_window() {
     fCard->Width = card.width * screen.TwipsPerPixelX;
     fCard->Height = card.height * screen.TwipsPerPixelY;
     size_card_frame(card.width, card.height);
-    // A missing picture is passed over in silence.
-    auto const path = card.picture.trim();
-    if (names_a_file(path))
-        fCard->Picture = LoadPicture(path);
+    fCard->Picture = background(standing);
 }
 
 void build_fields() {
@@ -71,8 +76,8 @@ void apply_tab_order() {
             fCard->visual(kind->style, number).TabIndex = int{field(number).tabIndex};
 }
 
-void build_surface() {
-    open_window();
+void build_surface(Picture const& standing) {
+    open_window(standing);
     fEditor->cmb_field.Clear();
     fEditor->cmb_field.AddItem("Kortti");
     build_fields();
@@ -88,11 +93,11 @@ void build_surface() {
 
 } // namespace
 
-bool load_card() {
+bool load_card(Picture const& standing) {
     PanelUpdate const rebuilding;
     Hourglass const pointer;
     try {
-        with_memory_checked(build_surface);
+        with_memory_checked([&] { build_surface(standing); });
         return true;
     } catch (RuntimeError const& error) {
         // Half a surface would show a card that nobody could save.

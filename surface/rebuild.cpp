@@ -8,6 +8,7 @@
 #include "forms/editor_form.h"
 #include "model/card.h"
 #include "model/session.h"
+#include "panel/rows.h"
 #include "surface/grid.h"
 #include "surface/load_card.h"
 
@@ -20,10 +21,19 @@ bool show_card() {
     return false;
 }
 
+bool rebuild() {
+    // The picture that stands: its file may have gone bad, and with it the whole card.
+    auto const picture = fCard->Picture.get();
+    if (load_card(picture))
+        return true;
+    show_no_card();
+    return false;
+}
+
 bool rebuild_in_place() {
     double const left = fCard->Left;
     double const top = fCard->Top;
-    if (!show_card())
+    if (!rebuild())
         return false;
     upd_gg();
     fCard->Move(left, top);
@@ -35,6 +45,7 @@ bool rebuild_in_place() {
 
 void show_no_card() {
     empty_card("");
+    hide_pro();
     clear_card_changed();
     using enum Code;
     UpdateCommandState(off, off, off, off, off, off);

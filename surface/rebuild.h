@@ -7,7 +7,11 @@ namespace kehystin {
 /// without a card and the answer is false.
 bool show_card();
 
-/// Builds the surface anew where it stands, after a change of the fields' numbers or places: grid,
+/// Builds the surface of the open card anew, with the background picture that stands. False as
+/// above.
+bool rebuild();
+
+/// The same where the window stands, after a change of the fields' numbers or places: grid,
 /// command state, and the card selected, for the selection is lost. False as above.
 bool rebuild_in_place();
 

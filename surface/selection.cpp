@@ -146,6 +146,8 @@ void zip_focus() {
             continue;
         fCard->focus(i).Visible = false;
         fCard->focus(i).Tag = "";
+        if (i > 0)
+            fCard->place_frame(i);
     }
     fCard->bigfocus.Visible = false;
     fCard->bigfocus.Tag = "";

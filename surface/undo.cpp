@@ -20,7 +20,7 @@ void undo(int mode) {
         }
     }
     if (mode == 1)
-        show_card();
+        rebuild();
 }
 
 } // namespace kehystin

@@ -1,13 +1,11 @@
 #include "surface/visuals.h"
 
-#include "commands/document_state.h"
-#include "commands/failure_report.h"
 #include "forms/card_form.h"
-#include "forms/editor_form.h"
 #include "model/card.h"
-#include "model/session.h"
-#include "platform/files.h"
-#include "surface/hourglass.h"
+#include "panel/row_texts.h"
+#include "platform/host.h"
+#include "surface/frames.h"
+#include "surface/images.h"
 
 #include <cmath>
 
@@ -20,59 +18,18 @@ double value_number(Field& one) {
     return Val(one.value.trim());
 }
 
+void take_back_style(Label& title) {
+    title.BackStyle = card.transp != 0 ? int(BackStyle::transparent) : int(BackStyle::opaque);
+}
+
 void fill_list(ComboBox& box, Field& one) {
     if (box.ListCount() > 0)
         box.Clear();
-    // What stands behind the last bar is no item.
-    std::string const list = one.list.str();
-    std::size_t start = 0;
-    for (std::size_t bar; (bar = list.find('|', start)) != std::string::npos; start = bar + 1)
-        box.AddItem(std::string_view(list).substr(start, bar - start));
+    for (auto const& item : items_of(one))
+        box.AddItem(item);
     double const chosen = round_to_even(value_number(one));
     if (chosen >= -1 && chosen < box.ListCount())
         box.ListIndex = static_cast<int>(chosen);
-}
-
-void report_bad_picture(int number, std::string const& path, RuntimeError const& error) {
-    MsgBox(lines({" Kenttään " + Format(number) + " (kuva), ladattu kuvatiedosto:     ",
-                  " '" + path + "' aiheutti virheen     ", number_and_text(error),
-                  " Korttimallin latausta jatketaan ilman kyseistä kuvatiedostoa.     ",
-                  support_lines()}),
-           box::warning, " Tiedoksi");
-}
-
-void apply_scaling(PictureBox& picture, int scaling) {
-    switch (scaling) {
-    case 0:
-    case 3: // the fitted copy is made only when the scaling is chosen in the panel
-        picture.AutoSize = false;
-        break;
-    case 1:
-        picture.AutoSize = false;
-        paint_stretched(picture);
-        break;
-    case 2:
-        picture.AutoSize = true;
-        break;
-    default:
-        break;
-    }
-}
-
-void fill_image(PictureBox& picture, int number) {
-    auto& one = field(number);
-    picture.BorderStyle = one.border;
-    auto const path = one.list.trim();
-    if (!names_a_file(path)) {
-        print_image_text(picture, number);
-        return;
-    }
-    try {
-        picture.Picture = LoadPicture(path);
-        apply_scaling(picture, one.scaling);
-    } catch (RuntimeError const& error) {
-        report_bad_picture(number, path, error);
-    }
 }
 
 void fill_content(Style style, int number) {
@@ -81,8 +38,7 @@ void fill_content(Style style, int number) {
     case Style::OTS:
         fCard->ots(number).Caption = one.caption.trim();
         fCard->ots(number).Alignment = one.align;
-        fCard->ots(number).BackStyle =
-            card.transp != 0 ? int(BackStyle::transparent) : int(BackStyle::opaque);
+        take_back_style(fCard->ots(number));
         break;
     case Style::TXT:
         fCard->txt(number).Text = one.value.trim();
@@ -102,7 +58,7 @@ void fill_content(Style style, int number) {
         fill_list(fCard->cmb(number), one);
         break;
     case Style::IMG:
-        fill_image(fCard->img(number), number);
+        fill_image(number);
         break;
     case Style::LST:
         fCard->lst(number).AddItem("C:\\malli_kansio\\malli_tiedosto.doc");
@@ -142,20 +98,36 @@ bool shows_card_colour(Kind const& kind) {
 
 namespace {
 
+void take_font(TextControl& visual, Field& one) {
+    // A font that cannot be taken must not keep the card from being shown.
+    if (auto const name = one.fontName.trim(); host().accepts_font(name))
+        visual.FontName = name;
+    visual.FontSize = int{one.fontSize};
+    visual.FontBold = one.fontBold != 0;
+    visual.FontItalic = one.fontItalic != 0;
+    if (one.style == static_cast<int>(Style::CMB))
+        visual.Height = drop_down_height(visual);
+}
+
+void take_place(TextControl& visual, Field const& one) {
+    visual.Move(int{one.left}, int{one.top});
+    auto const* const image = dynamic_cast<PictureBox*>(&visual);
+    if (image && image->AutoSize)
+        return; // it has the size of its picture
+    visual.Width = int{one.width};
+    if (one.style != static_cast<int>(Style::CMB))
+        visual.Height = int{one.height};
+}
+
 /// The object of a field with the look and place of its record, hidden and without content.
 TextControl& make_visual(Kind const& kind, int number, bool card_colour) {
     auto& one = field(number);
     auto& visual = load_visual(kind.style, number);
     visual.Tag = std::to_string(number);
-    visual.FontName = one.fontName.trim();
-    visual.FontSize = int{one.fontSize};
-    visual.FontBold = one.fontBold != 0;
-    visual.FontItalic = one.fontItalic != 0;
+    take_font(visual, one);
     visual.ForeColor = one.foreColor;
     visual.BackColor = card_colour ? card.color : one.backColor;
-    visual.Move(int{one.left}, int{one.top});
-    visual.Width = int{one.width};
-    visual.Height = kind.style == Style::CMB ? drop_down_height(visual) : int{one.height};
+    take_place(visual, one);
     return visual;
 }
 
@@ -197,6 +169,94 @@ void build_dropped_visual(Kind const& kind, int number) {
     visual.TabIndex = number;
 }
 
+void show_place(int number) {
+    fCard->place_frame(number);
+    auto* const visual = fCard->visual_of(number);
+    if (!visual)
+        return;
+    take_place(*visual, field(number));
+    refresh_image(number);
+}
+
+void show_font(int number) {
+    auto* const visual = fCard->visual_of(number);
+    if (!visual)
+        return;
+    take_font(*visual, field(number));
+    refresh_image(number);
+}
+
+void show_fore_color(int number) {
+    if (auto* const visual = fCard->visual_of(number))
+        visual->ForeColor = field(number).foreColor;
+    refresh_image(number);
+}
+
+void show_background(int number) {
+    auto* const visual = fCard->visual_of(number);
+    if (!visual)
+        return;
+    auto const& one = field(number);
+    auto const& kind = *kind_of(one.style);
+    visual->BackColor = shows_card_colour(kind) ? card.color : one.backColor;
+    if (kind.style == Style::OTS)
+        take_back_style(fCard->ots(number));
+}
+
+void show_image_background(int number) {
+    if (auto* const image = dynamic_cast<PictureBox*>(fCard->visual_of(number)))
+        image->BackColor = card.transp != 0 ? card.color : field(number).backColor;
+}
+
+void show_caption(int number) {
+    auto* const visual = fCard->visual_of(number);
+    if (!visual)
+        return;
+    auto const caption = field(number).caption.trimmed();
+    if (auto* const label = dynamic_cast<Label*>(visual))
+        label->Caption = caption;
+    else if (auto* const check = dynamic_cast<CheckBox*>(visual))
+        check->Caption = caption;
+    else if (auto* const option = dynamic_cast<OptionButton*>(visual))
+        option->Caption = caption;
+    else
+        refresh_image(number);
+}
+
+void show_value(int number) {
+    auto* const visual = fCard->visual_of(number);
+    if (!visual)
+        return;
+    if (auto* const box = dynamic_cast<TextBox*>(visual))
+        box->Text = field(number).value.trimmed();
+    else if (dynamic_cast<CheckBox*>(visual))
+        restore_check(number);
+    else if (dynamic_cast<OptionButton*>(visual))
+        restore_option(number);
+    else
+        show_list(number);
+}
+
+void show_size_limit(int number) {
+    if (auto* const box = dynamic_cast<TextBox*>(fCard->visual_of(number)))
+        box->MaxLength = int{field(number).size};
+}
+
+void show_align(int number) {
+    if (auto* const title = dynamic_cast<Label*>(fCard->visual_of(number)))
+        title->Alignment = int{field(number).align};
+}
+
+void show_border(int number) {
+    if (auto* const image = dynamic_cast<PictureBox*>(fCard->visual_of(number)))
+        image->BorderStyle = int{field(number).border};
+}
+
+void show_list(int number) {
+    if (auto* const box = dynamic_cast<ComboBox*>(fCard->visual_of(number)))
+        fill_list(*box, field(number));
+}
+
 double drop_down_height(TextControl const& box) {
     // Frame and room above and below the text: in the usual font the height of a text box.
     constexpr double around = 9;
@@ -204,62 +264,15 @@ double drop_down_height(TextControl const& box) {
 }
 
 void restore_check(int number) {
+    if (!fCard->chk.has(number))
+        return;
     fCard->chk(number).Value = int{Integer(std::fabs(value_number(field(number))))};
 }
 
 void restore_option(int number) {
-    fCard->opt(number).Value = value_number(field(number)) != 0;
-}
-
-void print_image_text(PictureBox& picture, int number) {
-    auto const caption = field(number).caption.trimmed();
-    picture.Cls();
-    picture.CurrentX = picture.Width / 2 - picture.TextWidth(caption) / 2;
-    picture.CurrentY = picture.Height / 2 - picture.TextHeight(caption) / 2;
-    picture.Print(caption);
-}
-
-void paint_stretched(PictureBox& picture) {
-    picture.PaintPicture(picture.Picture, 0, 0, picture.Width, picture.Height);
-}
-
-namespace {
-
-constexpr std::string_view picture_filter =
-    "Kuvatiedostot (*.bmp,*.wmf,*.jpg,*.gif,*.ico)|*.bmp;*.wmf;*.jpg;*.gif;*.ico|"
-    "Kaikki tiedostot (*.*)|*.*";
-
-void show_chosen_picture(int number, std::string const& path) {
-    Hourglass const pointer;
-    auto& one = field(number);
-    auto const stored = FixedText<400>(path);
-    auto const picture = LoadPicture(stored.trimmed());
-    one.list = stored.trimmed();
-    fCard->img(number).Cls();
-    fCard->img(number).Picture = picture;
-    PanelUpdate const filling;
-    fEditor->txt_imgfile.Text = file_part(one.list.trimmed());
-    MarkCardChanged();
-}
-
-} // namespace
-
-void load_image(int number) {
-    std::string path;
-    try {
-        path = host().ShowOpen({".bmp", std::string(picture_filter), 0, 0});
-    } catch (RuntimeError const& error) {
-        if (error.is(ErrorNumber::cancelled))
-            return;
-        throw;
-    }
-    if (path.empty())
+    if (!fCard->opt.has(number))
         return;
-    try {
-        show_chosen_picture(number, path);
-    } catch (RuntimeError const& error) {
-        standard_report(" Kuvatiedoston avaaminen aiheutti virheen     ", error);
-    }
+    fCard->opt(number).Value = value_number(field(number)) != 0;
 }
 
 } // namespace kehystin

@@ -17,6 +17,25 @@ void build_visual(Kind const& kind, int number);
 /// colour where the card is transparent, and a file list another sample line.
 void build_dropped_visual(Kind const& kind, int number);
 
+/// Bring the object of a field, and its frame where it has a share in it, in line with the record.
+/// A field without an object is passed over.
+void show_place(int number);
+void show_font(int number);
+void show_fore_color(int number);
+/// With the transparency of titles. An image gets its own colour.
+void show_background(int number);
+/// An image takes the colour of a transparent card, or its own back. A loaded one has its own until
+/// the card is made transparent.
+void show_image_background(int number);
+void show_caption(int number);
+void show_value(int number);
+/// Text fields take no more characters than the field's size.
+void show_size_limit(int number);
+void show_align(int number);
+void show_border(int number);
+/// The rows of a drop-down and the chosen one.
+void show_list(int number);
+
 /// The height that a drop-down takes from its font, in pixels.
 double drop_down_height(platform::TextControl const& box);
 
@@ -26,16 +45,5 @@ void restore_option(int number);
 
 /// True for title, check and option fields of a transparent card, which take the card's colour.
 bool shows_card_colour(Kind const& kind);
-
-/// Writes a field's caption in the middle of a picture object, which is cleared first.
-void print_image_text(platform::PictureBox& picture, int number);
-
-/// Asks for a picture file and shows it in an image field: its path goes to `list`, the file's name
-/// to the panel. A cancelled dialog changes nothing; a file that is no picture is told, and field
-/// and picture stay as they were.
-void load_image(int number);
-
-/// Paints an object's own picture over its whole size.
-void paint_stretched(platform::PictureBox& picture);
 
 } // namespace kehystin

@@ -11,6 +11,7 @@
 #include "surface/adding.h"
 #include "surface/field_mouse.h"
 #include "surface/grid.h"
+#include "surface/images.h"
 #include "surface/selection.h"
 #include "surface/visuals.h"
 
@@ -21,7 +22,6 @@ namespace kehystin {
 namespace {
 
 constexpr double smallest_window = 900; // twips
-constexpr double twips_per_pixel = 15;
 
 /// The text fields of the surface must not keep the keyboard, and it cannot be moved from inside a
 /// focus event.

@@ -1,6 +1,8 @@
 #include "surface/grid.h"
 
 #include "model/settings.h"
+#include "platform/input.h"
+#include "surface/adding.h"
 #include "surface/load_card.h"
 #include "tests/unit/fresh_session.h"
 
@@ -62,6 +64,65 @@ TEST_F(Grid, GuidesRunAcrossTheWholeWindow) {
     EXPECT_EQ(guides[3].x1, 80);
     EXPECT_EQ(guides[3].y2, 80);
     EXPECT_TRUE(drawn<DrawingLayer::Dots>().empty());
+}
+
+TEST_F(Grid, MarksAreDrawnAnewWhereverTheSurfaceOrTheCommandChanges) {
+    card.fields = 0;
+    add_field(Style::OTS, 10, 10, 20, 16, "A");
+    add_field(Style::OTS, 10, 40, 20, 16, "B");
+    draw(colours::light_grey);
+    auto& form = *fEditor;
+    form.cmd_grid_show.Click(-1);
+    EXPECT_TRUE(fCard->drawing().empty());
+    form.cmd_grid_show.Click(-1);
+    EXPECT_EQ(drawn<DrawingLayer::Dots>().size(), 1U);
+    form.cmd_guide_show.Click(-1);
+    EXPECT_EQ(drawn<DrawingLayer::Line>().size(), 4U);
+    form.cmb_field.ListIndex = 2;
+    host.answers.assign(1, Answer::ok);
+    cmd_field_del_Click();
+    EXPECT_EQ(card.fields, 1);
+    EXPECT_EQ(drawn<DrawingLayer::Line>().size(), 4U);
+    form.cmd_guide_snap.Checked = false;
+    host.answers.assign(1, Answer::yes);
+    form.cmd_guide_snap.Click(-1);
+    EXPECT_EQ(field(1).left, 0);
+    EXPECT_EQ(drawn<DrawingLayer::Line>().size(), 4U);
+    EXPECT_EQ(drawn<DrawingLayer::Dots>().size(), 1U);
+    // White is the one colour of a card that asks for grey marks.
+    form.proBar.Visible = true;
+    form.cmb_field.ListIndex = 0;
+    host.answers.assign(1, scenario::ColourAnswer{colours::white});
+    input::click(form.BC);
+    EXPECT_EQ(drawn<DrawingLayer::Dots>()[0].colour, colours::grey);
+    // A larger window has room for more of both, once the button is up.
+    host.button_down = true;
+    input::resize(*fCard, 130 * 15, 80 * 15);
+    host.clock.run(60);
+    EXPECT_EQ(drawn<DrawingLayer::Line>().size(), 4U);
+    host.button_down = false;
+    host.clock.run(60);
+    EXPECT_EQ(drawn<DrawingLayer::Line>().size(), 5U);
+    EXPECT_EQ(drawn<DrawingLayer::Dots>()[0].points.size(), 18U * 7U);
+}
+
+TEST_F(Grid, ARebuiltCardStandsWhereItStood) {
+    card.fields = 0;
+    add_field(Style::OTS, 10, 10, 20, 16, "A");
+    draw(colours::light_grey);
+    fEditor->cmd_card_autocenter.Checked = false;
+    fCard->Move(1234, 5678);
+    fEditor->cmd_guide_snap.Checked = false;
+    host.answers.assign(1, Answer::yes);
+    fEditor->cmd_guide_snap.Click(-1);
+    EXPECT_EQ(fCard->Left, 1234);
+    EXPECT_EQ(fCard->Top, 5678);
+    fEditor->cmb_field.ListIndex = 1;
+    host.answers.assign(1, Answer::ok);
+    cmd_field_del_Click();
+    EXPECT_EQ(card.fields, 0);
+    EXPECT_EQ(fCard->Left, 1234);
+    EXPECT_EQ(fCard->Top, 5678);
 }
 
 } // namespace kehystin

@@ -1,0 +1,150 @@
+#include "properties/words.h"
+
+#include "forms/card_form.h"
+#include "model/card.h"
+#include "model/session.h"
+#include "panel/row_texts.h"
+#include "properties/apply.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kehystin {
+
+namespace {
+
+/// Letters that jump to a word of a list, Finnish and English initials alike.
+struct KeyWord {
+    std::string_view letters;
+    int word;
+};
+
+constexpr std::array boolean_keys = {KeyWord{"KkYy", 0}, KeyWord{"EeNn", 1}};
+constexpr std::array align_keys = {KeyWord{"LlVv", 0}, KeyWord{"OoRr", 1}, KeyWord{"CcKk", 2}};
+constexpr std::array scaling_keys = {KeyWord{"Ee", 0}, KeyWord{"Vv", 1}, KeyWord{"Kk", 2},
+                                     KeyWord{"Ss", 3}};
+constexpr std::array border_keys = {KeyWord{"Ee", 0}, KeyWord{"Nn", 1}};
+constexpr std::array mark_keys = {KeyWord{"Ee", 0}, KeyWord{"Vv", 1}};
+
+/// "Alkuarvo" has words only for check and option fields. Titles may stand beside them.
+bool value_has_words() {
+    bool found = false;
+    for (int const number : selected_fields()) {
+        auto const style = static_cast<Style>(int{field(number).style});
+        bool const mark = style == Style::CHK || style == Style::OPT;
+        if (!mark && style != Style::OTS)
+            return false;
+        found = found || mark;
+    }
+    return found;
+}
+
+/// What "Alkuarvo" can hold of a drop-down: nothing, an item of its record, or what stands there.
+bool names_item(std::string const& text) {
+    if (text.empty())
+        return true;
+    for (int const number : selected_fields()) {
+        auto& one = field(number);
+        if (one.style != static_cast<int>(Style::CMB))
+            continue;
+        auto const items = items_of(one);
+        return std::find(items.begin(), items.end(), text) != items.end() ||
+               row_text(Row::value, one) == text;
+    }
+    return true;
+}
+
+std::span<KeyWord const> keys_of(Row row) {
+    switch (row) {
+    case Row::bold:
+    case Row::italic:
+    case Row::transparent:
+    case Row::linkable:
+        return boolean_keys;
+    case Row::align:
+        return align_keys;
+    case Row::scaling:
+        return scaling_keys;
+    case Row::border:
+        return border_keys;
+    case Row::value:
+        if (value_has_words())
+            return mark_keys;
+        return {};
+    default:
+        return {};
+    }
+}
+
+bool is_word(Row row, std::string const& text) {
+    if (row == Row::value && !value_has_words())
+        return names_item(text);
+    return word_number(row, text).has_value();
+}
+
+} // namespace
+
+void word_KeyPress(Row row, char32_t& key) {
+    for (auto const& [letters, word] : keys_of(row)) {
+        if (key > 0x7f || letters.find(static_cast<char>(key)) == std::string_view::npos)
+            continue;
+        key = 0;
+        list_of(row).ListIndex = word; // its Click carries the word on
+        return;
+    }
+}
+
+void word_DblClick(Row row) {
+    auto& list = list_of(row);
+    if (row == Row::value && !value_has_words())
+        return;
+    if (list.ListCount() > 0)
+        list.ListIndex = (list.ListIndex + 1) % list.ListCount();
+}
+
+void word_LostFocus(Row row) {
+    if (!session.pro_updating && !keyboard_stays_in(row) &&
+        !is_word(row, editor_of(row).Text.get()))
+        reload_rows();
+}
+
+void drop_button_Click(Row row) {
+    auto& list = list_of(row);
+    list.Visible = true;
+    list.SetFocus();
+}
+
+void word_list_Click(Row row) {
+    auto& list = list_of(row);
+    auto& editor = editor_of(row);
+    editor.Text = list.chosen_text();
+    editor.SetFocus();
+    editor.select_all();
+    list.Visible = false;
+}
+
+Row row_of_boolean_list() {
+    auto const& tag = fEditor->lst_boolean.Tag.get();
+    return tag == "BOLD"     ? Row::bold
+           : tag == "ITALIC" ? Row::italic
+           : tag == "TRANSP" ? Row::transparent
+           : tag == "LINK"   ? Row::linkable
+                             : Row::none;
+}
+
+void lst_boolean_Click() {
+    if (auto const row = row_of_boolean_list(); row != Row::none)
+        word_list_Click(row);
+}
+
+void word_list_KeyPress(Row row, char32_t& key) {
+    if (key == escape_key)
+        editor_of(row).SetFocus();
+}
+
+void word_list_LostFocus(Row row) {
+    list_of(row).Visible = false;
+    word_LostFocus(row);
+}
+
+} // namespace kehystin

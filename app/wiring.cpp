@@ -8,7 +8,11 @@
 #include "commands/icon_bar.h"
 #include "commands/status_bar.h"
 #include "commands/tips.h"
+#include "dialogs/cols.h"
 #include "dialogs/help.h"
+#include "dialogs/info.h"
+#include "dialogs/roles.h"
+#include "dialogs/settings.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
 #include "layout/align.h"
@@ -19,11 +23,8 @@
 #include "model/session.h"
 #include "panel/focus_memory.h"
 #include "panel/panel_fit.h"
-#include "panel/rows.h"
-#include "panel/selector.h"
 #include "platform/host.h"
 #include "platform/system.h"
-#include "properties/card_rows.h"
 #include "surface/adding.h"
 #include "surface/frames.h"
 #include "surface/grid.h"
@@ -60,14 +61,6 @@ void MDIForm_Click() {
 void MDIForm_Resize() {
     if (!session.isSizing)
         fEditor->paintTimer.Enabled = true;
-}
-
-/// F1 as a key opens the page of the place; the menu entry beside which it stands, the contents.
-bool MDIForm_KeyDown(std::string_view keys) {
-    if (keys != "F1")
-        return false;
-    ShowHelp();
-    return true;
 }
 
 void wire_menus(EditorForm& form) {
@@ -109,6 +102,10 @@ void wire_menus(EditorForm& form) {
     form.cmd_guide_show.Click = cmd_guide_show_Click;
     form.cmd_guide_snap.Click = cmd_guide_snap_Click;
     form.cmd_help_index.Click = cmd_help_index_Click;
+    form.cmd_info.Click = cmd_info_Click;
+    form.cmd_cols.Click = cmd_cols_Click;
+    form.cmd_properties.Click = cmd_properties_Click;
+    form.cmdSpecifield.Click = cmdSpecifield_Click;
 }
 
 /// A resize pointer that was left over from the card does not stay on the bar.
@@ -136,7 +133,7 @@ void wire_editor_form() {
     form.Resize = MDIForm_Resize;
     form.QueryUnload = MDIForm_QueryUnload;
     // F1 as a key opens the page of the place; the entry beside which it stands, the contents.
-    form.KeyDown = MDIForm_KeyDown;
+    form.KeyDown = help_KeyDown;
     wire_menus(form);
     form.ico.prototype().Click = ico_Click;
     form.cmd_close_pro.Click = cmd_proBar_Click;

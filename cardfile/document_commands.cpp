@@ -11,6 +11,7 @@
 #include "commands/failure_report.h"
 #include "commands/last_files.h"
 #include "commands/status_bar.h"
+#include "dialogs/wizard.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
 #include "links/link_engine.h"
@@ -19,6 +20,7 @@
 #include "model/card.h"
 #include "model/default_looks.h"
 #include "model/session.h"
+#include "model/settings.h"
 #include "platform/host.h"
 #include "surface/frames.h"
 #include "surface/grid.h"
@@ -62,13 +64,24 @@ void bring_up_card() {
     fEditor->focusTimer.Enabled = true;
 }
 
-void make_blank_card() {
-    empty_card("Uusi");
-    card.STPP = Integer(host().metrics().TwipsPerPixelX);
+/// A new card has no identity and no file: saving it must not touch the card that was open before.
+void begin_new_document() {
     card.ID = "";
     session.needNewID = true;
     session.cardFile.clear();
     fEditor->Caption = session.appTitle + " - Uusi kortti";
+}
+
+void make_blank_card() {
+    empty_card("Uusi");
+    card.STPP = Integer(host().metrics().TwipsPerPixelX);
+    begin_new_document();
+}
+
+void bring_up_new_card() {
+    if (!fEditor->cmd_stsBar.Checked)
+        cmd_stsBar_Click();
+    bring_up_card();
 }
 
 void ask_name() {
@@ -80,23 +93,44 @@ void ask_name() {
         fEditor->txt_name.Text = answer;
 }
 
-void new_card(int& step) {
-    fEditor->focusTimer.Enabled = false;
-    if (!settle_changes(" Tallennetaanko nykyinen korttimalli ennen uuden avaamista?     ",
-                        box::question + box::yes_no))
+void new_card_by_wizard(int& step) {
+    step = 2;
+    if (!show_wizard())
         return;
+    auto const file_before = session.cardFile;
+    begin_new_document();
+    step = 3;
+    if (!show_card())
+        return;
+    UpdateLastFiles(file_before);
+    clear_card_changed();
+    bring_up_new_card();
+    UpdateDefaultFont();
+    MarkCardChanged();
+}
+
+void new_blank_card(int& step) {
     step = 2;
     make_blank_card();
     step = 3;
     if (!show_card())
         return;
     UpdDefVar();
-    if (!fEditor->cmd_stsBar.Checked)
-        cmd_stsBar_Click();
-    bring_up_card();
+    bring_up_new_card();
     MarkCardChanged();
     step = 4;
     ask_name();
+}
+
+void new_card(int& step) {
+    fEditor->focusTimer.Enabled = false;
+    if (!settle_changes(" Tallennetaanko nykyinen korttimalli ennen uuden avaamista?     ",
+                        box::question + box::yes_no))
+        return;
+    if (settings.showVelho != 0)
+        new_card_by_wizard(step);
+    else
+        new_blank_card(step);
 }
 
 /// What the user chooses to open. Empty when it is nothing.

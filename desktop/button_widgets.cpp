@@ -1,14 +1,19 @@
 #include "desktop/button_widgets.h"
 
 #include "desktop/drag.h"
+#include "desktop/mouse.h"
 #include "desktop/pictures.h"
 #include "desktop/text.h"
 #include "platform/input.h"
 
-#include <QApplication>
+#include <QCursor>
+#include <QDrag>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QStyleOption>
+
+#include <algorithm>
 
 namespace desktop {
 
@@ -20,6 +25,14 @@ void takeOverCaption(QAbstractButton& widget, std::string_view caption) {
         widget.setText(text);
         widget.setAccessibleName(QString(text).remove(u'&'));
     }
+}
+
+void drawArrowhead(QPainter& painter, QPointF middle, QColor const& colour) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawPolygon(QPolygonF(
+        {middle + QPointF(-3.5, -1.5), middle + QPointF(3.5, -1.5), middle + QPointF(0, 2)}));
 }
 
 template <class Widget>
@@ -49,10 +62,13 @@ void ButtonWidget::paintEvent(QPaintEvent*) {
     if (!button())
         return;
     QPainter painter(this);
-    if (button()->Picture.get().empty())
-        paintRaised(painter);
-    else
+    constexpr int roomForFrame = 20; // pixels
+    if (!button()->Picture.get().empty())
         paintFlat(painter);
+    else if (std::min(width(), height()) < roomForFrame)
+        paintSmall(painter);
+    else
+        paintRaised(painter);
 }
 
 void ButtonWidget::paintFlat(QPainter& painter) {
@@ -73,6 +89,23 @@ void ButtonWidget::paintFlat(QPainter& painter) {
     drawPicture(painter, button()->Picture, rect());
 }
 
+/// A caption with no room for a frame of the style's own, as beside the value of a row.
+void ButtonWidget::paintSmall(QPainter& painter) {
+    bool const hovered = isEnabled() && underMouse();
+    auto const face = isDown() ? QPalette::Mid : hovered ? QPalette::Midlight : QPalette::Button;
+    bool const showsFocus = hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange);
+    painter.setPen(palette().color(showsFocus ? QPalette::Highlight : QPalette::Dark));
+    painter.setBrush(palette().color(face));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    auto const ink = palette().color(QPalette::ButtonText);
+    if (text() == QStringLiteral("▾")) {
+        drawArrowhead(painter, QRectF(rect()).center(), ink); // not every font has the sign
+        return;
+    }
+    painter.setPen(ink);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine | Qt::TextHideMnemonic, text());
+}
+
 void ButtonWidget::paintRaised(QPainter& painter) {
     QStyleOptionButton option;
     option.initFrom(this);
@@ -84,18 +117,52 @@ void ButtonWidget::paintRaised(QPainter& painter) {
 }
 
 void ButtonWidget::mousePressEvent(QMouseEvent* event) {
-    pressedAt_ = event->position().toPoint();
+    if (event->button() == Qt::LeftButton) {
+        pressedAt_ = event->position().toPoint();
+        if (button() && button()->MouseDown)
+            sendPress(*button(), gate(), *event);
+    }
     QAbstractButton::mousePressEvent(event);
 }
 
 void ButtonWidget::mouseMoveEvent(QMouseEvent* event) {
-    auto const distance = (event->position().toPoint() - pressedAt_).manhattanLength();
-    bool const drags = button() && button()->DragMode && (event->buttons() & Qt::LeftButton) &&
-                       distance >= QApplication::startDragDistance();
-    if (!drags)
-        return QAbstractButton::mouseMoveEvent(event);
+    constexpr int dragDistance = 4; // pixels; by less a hand trembles without meaning a drag
+    bool const held = pressedAt_ && (event->buttons() & Qt::LeftButton);
+    bool const drags =
+        held && button() && button()->DragMode &&
+        (event->position().toPoint() - *pressedAt_).manhattanLength() >= dragDistance;
+    if (drags)
+        drag();
+    else
+        QAbstractButton::mouseMoveEvent(event);
+}
+
+void ButtonWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        endPress();
+    QAbstractButton::mouseReleaseEvent(event);
+}
+
+/// For the program the press ends beside the button, as no click: that is for the widget to tell,
+/// and a drag is none.
+void ButtonWidget::endPress() {
+    pressedAt_.reset();
+    finishLostPress(gate(), Qt::NoButton);
+}
+
+/// Returns when the button was dropped or the drag given up, and then stands as if it had never
+/// been pressed: the release went to the drag.
+void ButtonWidget::drag() {
+    QPointer<ButtonWidget> const alive(this);
+    endPress();
     setDown(false);
-    dragButton(*this, *button());
+    if (!button())
+        return;
+    makeDrag(*this, *button())->exec(Qt::CopyAction);
+    if (!alive)
+        return;
+    setAttribute(Qt::WA_UnderMouse, rect().contains(mapFromGlobal(QCursor::pos())));
+    update();
 }
 
 void ButtonWidget::keyPressEvent(QKeyEvent* event) {

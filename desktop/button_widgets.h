@@ -7,6 +7,8 @@
 #include <QCheckBox>
 #include <QRadioButton>
 
+#include <optional>
+
 namespace desktop {
 
 /// With a picture a flat button, as on a tool bar; otherwise a push button.
@@ -21,14 +23,18 @@ class ButtonWidget : public QAbstractButton, public ControlWidget {
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
     platform::Button* button() const { return static_cast<platform::Button*>(control()); }
+    void endPress();
+    void drag();
     void paintFlat(QPainter& painter);
+    void paintSmall(QPainter& painter);
     void paintRaised(QPainter& painter);
 
-    QPoint pressedAt_;
+    std::optional<QPoint> pressedAt_; // until released or dragged
 };
 
 class CheckBoxWidget : public QCheckBox, public ControlWidget {

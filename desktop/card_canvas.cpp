@@ -18,8 +18,7 @@ namespace {
 
 using platform::ControlClass;
 
-bool isOutline(platform::Control const& control) {
-    auto const kind = control.control_class();
+bool isOutline(ControlClass kind) {
     return kind == ControlClass::shape || kind == ControlClass::line;
 }
 
@@ -45,120 +44,139 @@ CardCanvas::CardCanvas(platform::Form& form, EventGate& gate) : form_(&form), ga
 void CardCanvas::takeOver(platform::Control const& control) {
     if (control.container() != form_)
         return; // a picture box of a card holds pictures, not controls
-    bool const shown = control.Visible;
-    auto const before = places_.value(&control);
-    auto const now = shown ? placeOf(control) : QRect();
-    if (shown)
-        places_.insert(&control, now);
-    else
-        places_.remove(&control);
+    auto const before = shown_.value(&control);
+    Shown now;
+    if (control.Visible) {
+        now = {placeOf(control), control.control_class()};
+        shown_.insert(&control, now);
+    } else {
+        shown_.remove(&control);
+    }
     if (before != now)
-        repaintPlace(control, before);
-    repaintPlace(control, now);
+        changed(before);
+    changed(now);
 }
 
-void CardCanvas::repaintPlace(platform::Control const& control, QRect const& place) {
-    if (place.isEmpty())
-        return;
+void CardCanvas::changed(Shown const& shown) {
+    auto const& place = shown.place;
+    if (!isOutline(shown.kind))
+        changedStanding_.add(place);
+    if (shown.kind != ControlClass::shape || place.isEmpty())
+        return changed_.add(place);
     // A shape is only its edge: moving a large one must not repaint what lies inside.
-    if (control.control_class() == ControlClass::shape)
-        update(QRegion(place).subtracted(place.adjusted(1, 1, -1, -1)));
-    else
-        update(place);
+    changed_.add({place.left(), place.top(), place.width(), 1});
+    changed_.add({place.left(), place.bottom(), place.width(), 1});
+    changed_.add({place.left(), place.top(), 1, place.height()});
+    changed_.add({place.right(), place.top(), 1, place.height()});
 }
 
 void CardCanvas::updateBackground() {
-    backgroundIsOld_ = true;
+    layersAreOld_ = true;
     update();
 }
 
 void CardCanvas::remove(platform::Control const& control) {
-    auto const place = places_.take(&control);
-    if (!place.isEmpty())
-        update(place);
+    changed(shown_.take(&control));
 }
 
-/// Paints what lies under the controls, for the part of the canvas that can be seen: a card may be
-/// far larger than its window.
-void CardCanvas::paintBackground(QRect const& wanted) {
-    auto const ratio = devicePixelRatioF();
-    backgroundPlace_ = (visibleRegion().boundingRect() | wanted) & rect();
-    auto const pixels = (QSizeF(backgroundPlace_.size()) * ratio).toSize();
-    if (background_.size() != pixels)
-        background_ = QImage(pixels, QImage::Format_RGB32);
-    background_.setDevicePixelRatio(ratio);
-    background_.fill(toColour(form_->BackColor));
-    QPainter painter(&background_);
-    painter.translate(-backgroundPlace_.topLeft());
+void CardCanvas::settle() {
+    if (!changed_.isEmpty())
+        update(changed_.take());
+}
+
+/// Paints the layers anew, for the part of the canvas that can be seen.
+void CardCanvas::paintLayers(QRect const& wanted) {
+    auto const place = (visibleRegion().boundingRect() | wanted) & rect();
+    background_.cover(place, devicePixelRatioF());
+    standing_.cover(place, devicePixelRatioF());
+    background_.image().fill(toColour(form_->BackColor));
+    QPainter painter(&background_.image());
+    background_.alignPainter(painter);
     drawPicture(painter, form_->Picture, rect());
     paintDrawing(painter, form_->drawing(), *form_, toPixels(*form_, 1));
-    backgroundIsOld_ = false;
+    painter.end();
+    changedStanding_ = {};
+    paintStanding(place);
+    layersAreOld_ = false;
 }
 
 void CardCanvas::paintEvent(QPaintEvent* event) {
     if (!form_)
         return;
-    auto const ratio = devicePixelRatioF();
-    if (backgroundIsOld_ || background_.devicePixelRatio() != ratio ||
-        !backgroundPlace_.contains(event->rect()))
-        paintBackground(event->rect());
+    if (layersAreOld_ || !background_.covers(event->rect(), devicePixelRatioF()))
+        paintLayers(event->rect());
+    else if (!changedStanding_.isEmpty())
+        paintStanding(changedStanding_.take());
     QPainter painter(this);
-    for (auto const& area : event->region()) {
-        QPointF const from(area.topLeft() - backgroundPlace_.topLeft());
-        painter.drawImage(QRectF(area), background_,
-                          QRectF(from * ratio, QSizeF(area.size()) * ratio));
-    }
-    paintStanding(painter, event->region());
+    standing_.show(painter);
+    paintOutlines(painter, event->region());
 }
 
-void CardCanvas::paintStanding(QPainter& painter, QRegion const& region) {
-    auto const paintAll = [&](auto const& wanted) {
-        for (auto const* const control : form_->children()) {
-            auto const found = wanted(*control) ? places_.constFind(control) : places_.constEnd();
-            if (found != places_.constEnd() && region.intersects(*found))
-                paintControl(painter, *control, *found);
-        }
-    };
-    paintAll([](auto const& control) { return !isOutline(control); });
-    paintAll([](auto const& control) { return control.control_class() == ControlClass::line; });
-    paintAll([](auto const& control) { return control.control_class() == ControlClass::shape; });
+void CardCanvas::paintStanding(QRegion const& region) {
+    QPainter painter(&standing_.image());
+    standing_.alignPainter(painter);
+    painter.setClipRegion(region);
+    background_.show(painter);
+    paintControls(painter, region, [](ControlClass kind) { return !isOutline(kind); });
+}
+
+void CardCanvas::paintOutlines(QPainter& painter, QRegion const& region) {
+    for (auto const kind : {ControlClass::line, ControlClass::shape})
+        paintControls(painter, region, [kind](ControlClass one) { return one == kind; });
+}
+
+template <class Wanted>
+void CardCanvas::paintControls(QPainter& painter, QRegion const& region, Wanted const& wanted) {
+    for (auto const* const control : form_->children()) {
+        auto const found = shown_.constFind(control);
+        if (found != shown_.constEnd() && wanted(found->kind) && region.intersects(found->place))
+            paintControl(painter, *control, found->place);
+    }
 }
 
 void CardCanvas::mousePressEvent(QMouseEvent* event) {
-    auto const point = wholePixel(event->position());
-    gate_.run([&] {
-        dropLostPress(*event);
-        platform::input::mouse_press(*form_, point.x(), point.y(), hasModifier(*event),
-                                     buttonNumber(*event));
-    });
+    if (form_)
+        sendPress(*form_, gate_, *event);
 }
 
 void CardCanvas::mouseMoveEvent(QMouseEvent* event) {
-    auto const point = wholePixel(event->position());
-    gate_.run([&] { platform::input::mouse_move(*form_, point.x(), point.y()); });
+    if (form_)
+        sendMove(*form_, gate_, *event);
 }
 
 void CardCanvas::mouseReleaseEvent(QMouseEvent* event) {
-    auto const point = wholePixel(event->position());
-    gate_.run([&] { platform::input::mouse_release(*form_, point.x(), point.y()); });
+    if (form_)
+        sendRelease(*form_, gate_, *event);
 }
 
 void CardCanvas::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (!form_)
+        return;
+    // A quick second press on what knows no double click is a press like any other: a drag may
+    // follow.
     auto const point = wholePixel(event->position());
-    gate_.run([&] {
-        platform::input::mouse_double_press(*form_, point.x(), point.y(), hasModifier(*event));
-    });
+    auto const* const target = platform::input::object_at(*form_, point.x(), point.y());
+    if (target && target->DblClick)
+        sendDoublePress(*form_, gate_, *event);
+    else
+        mousePressEvent(event);
 }
 
 void CardCanvas::dragEnterEvent(QDragEnterEvent* event) {
-    if (draggedControl(*event->mimeData()))
-        event->acceptProposedAction();
+    event->setAccepted(form_ && draggedControl(*event->mimeData()));
+}
+
+/// The pointer says whether a drop would do anything: what stands on the card takes none.
+void CardCanvas::dragMoveEvent(QDragMoveEvent* event) {
+    auto const point = wholePixel(event->position());
+    bool const free = form_ && platform::input::takes_drop(*form_, point.x(), point.y());
+    event->setAccepted(free && draggedControl(*event->mimeData()));
 }
 
 void CardCanvas::dropEvent(QDropEvent* event) {
     auto* const source = draggedControl(*event->mimeData());
-    if (!source)
-        return;
+    if (!form_ || !source)
+        return event->ignore();
     event->acceptProposedAction();
     auto const point = wholePixel(event->position());
     gate_.run([&] { platform::input::drop(*source, *form_, point.x(), point.y()); });

@@ -1,26 +1,29 @@
 // CardCanvas: the inside of a child form, painted as one widget.
 #pragma once
 
+#include "desktop/card_layer.h"
 #include "desktop/event_gate.h"
 #include "platform/form.h"
 
 #include <QHash>
-#include <QImage>
 #include <QWidget>
 
 namespace desktop {
 
 /// Background, picture and drawing layer; on them the controls in stacking order; over those the
-/// lines, and the shapes topmost. A control costs no widget, and a change repaints its own pixels.
+/// lines, and the shapes topmost. A control costs no widget. Background and controls are kept as
+/// pictures: moving outlines over them, as a drag does, paints nothing but the outlines.
 class CardCanvas : public QWidget {
   public:
     CardCanvas(platform::Form& form, EventGate& gate);
 
-    /// Repaints what the control covered and what it covers now.
+    /// What the control covered and what it covers now has changed.
     void takeOver(platform::Control const& control);
     /// Background, picture or drawing have changed.
     void updateBackground();
     void remove(platform::Control const& control);
+    /// Everything has been taken over: what has changed is repainted, in one go.
+    void settle();
     void forgetForm() { form_ = nullptr; }
 
   protected:
@@ -30,20 +33,32 @@ class CardCanvas : public QWidget {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
   private:
-    void repaintPlace(platform::Control const& control, QRect const& place);
-    void paintBackground(QRect const& wanted);
-    void paintStanding(QPainter& painter, QRegion const& region);
+    /// What is remembered of a control that shows; enough to take it away when it has gone.
+    struct Shown {
+        QRect place;
+        platform::ControlClass kind = platform::ControlClass::label;
+        bool operator==(Shown const&) const = default;
+    };
+    void changed(Shown const& shown);
+    void paintLayers(QRect const& wanted);
+    void paintStanding(QRegion const& region);
+    void paintOutlines(QPainter& painter, QRegion const& region);
+    /// Paints the visible controls of the wanted classes, in stacking order.
+    template <class Wanted>
+    void paintControls(QPainter& painter, QRegion const& region, Wanted const& wanted);
 
     platform::Form* form_;
     EventGate& gate_;
-    QImage background_;
-    QRect backgroundPlace_;
-    bool backgroundIsOld_ = true;
-    /// Where the visible controls stand.
-    QHash<platform::Control const*, QRect> places_;
+    CardLayer background_;
+    CardLayer standing_; // the background with the controls that are no outlines
+    bool layersAreOld_ = true;
+    ChangedPlaces changed_;
+    ChangedPlaces changedStanding_; // where the layer no longer shows what stands there
+    QHash<platform::Control const*, Shown> shown_;
 };
 
 } // namespace desktop

@@ -43,6 +43,7 @@ void ChildWindow::remove(platform::Control const& control) {
 }
 
 void ChildWindow::settle() {
+    canvas_->settle();
     if (!form_ || isHidden() != form_->Visible)
         return;
     setVisible(form_->Visible);

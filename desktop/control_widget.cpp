@@ -2,11 +2,13 @@
 
 #include "desktop/button_widgets.h"
 #include "desktop/fonts.h"
+#include "desktop/frame_widget.h"
 #include "desktop/list_widgets.h"
 #include "desktop/look.h"
 #include "desktop/painted_widgets.h"
 #include "desktop/scroll_widgets.h"
 #include "desktop/text_widgets.h"
+#include "desktop/tree_widget.h"
 
 namespace desktop {
 
@@ -50,6 +52,10 @@ ControlWidget* makeControlWidget(platform::Control& control, QWidget& parent, Ev
         return new ListBoxWidget(static_cast<platform::ListBox&>(control), parent, gate);
     case ControlClass::scroll_bar:
         return makeScrollWidget(static_cast<platform::ScrollBar&>(control), parent, gate);
+    case ControlClass::tree_view:
+        return new TreeWidget(static_cast<platform::TreeView&>(control), parent, gate);
+    case ControlClass::frame:
+        return new FrameWidget(static_cast<platform::Frame&>(control), parent, gate);
     default:
         return nullptr;
     }

@@ -3,6 +3,7 @@
 
 #include <QMimeData>
 
+class QDrag;
 class QWidget;
 
 namespace platform {
@@ -12,11 +13,13 @@ class Control;
 
 namespace desktop {
 
-/// Drags a button's picture, in an outline, with the mouse. Returns when it was dropped or given
-/// up.
-void dragButton(QWidget& widget, platform::Button& button);
+/// A drag of the button, ready to run: an outline as large as what will be dropped follows the
+/// pointer, where it would come to stand. Qt deletes the drag when it has ended, and the widget
+/// deletes one that never ran.
+QDrag* makeDrag(QWidget& widget, platform::Button& button);
 
-/// The control that a drag of this application carries; null for any other drag.
+/// The control that a drag of this application carries; null for any other drag, and when the
+/// control has gone meanwhile.
 platform::Control* draggedControl(QMimeData const& data);
 
 } // namespace desktop

@@ -25,6 +25,7 @@ class DrawingPainter {
         // A grid is a hundred thousand dots: they go straight into the picture where there is one.
         auto* const image = dynamic_cast<QImage*>(painter_.device());
         bool const direct = image && image->depth() == 32 && image->devicePixelRatio() == 1 &&
+                            !painter_.hasClipping() &&
                             painter_.transform().type() <= QTransform::TxTranslate;
         if (direct)
             return fillDots(*image, dots, colour.rgb());

@@ -60,9 +60,14 @@ ControlWidget* FormWidgets::ensure(platform::Control& control) {
 ControlWidget* FormWidgets::make(platform::Control& control) {
     auto* parent = &surface_;
     if (control.container() != &form_) {
-        auto* const container = ensure(*control.container());
+        // A container that has had no widget yet is brought up whole, perhaps with this control.
+        if (!widgets_.contains(control.container()))
+            takeOver(*control.container());
+        auto* const container = widgets_.value(control.container());
         if (!container)
             return nullptr;
+        if (auto* const made = widgets_.value(&control))
+            return made;
         parent = &container->widget();
     }
     auto* const made = makeControlWidget(control, *parent, gate_);

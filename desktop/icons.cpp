@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QResource>
 
+#include <algorithm>
 #include <cmath>
 
 /// The icons are linked in with the library; a static one must be asked for them.
@@ -22,6 +23,16 @@ QString resourceOf(QString const& name, char const* kind) {
 
 bool hasSource(QString const& name) {
     return QResource(resourceOf(name, "svg")).isValid();
+}
+
+void ensureLinked() {
+    static bool const linked = (linkIcons(), true);
+    Q_ASSERT(linked);
+}
+
+/// The drawing that a name stands for; the grey state has none of its own.
+QString sourceName(QString const& name) {
+    return !hasSource(name) && name.endsWith(u'0') ? name.chopped(1) : name;
 }
 
 /// The usual size has been drawn when the program was built, any other is drawn now.
@@ -46,16 +57,29 @@ void makeGrey(QImage& image) {
 
 } // namespace
 
+int drawnSize(QString const& name) {
+    ensureLinked();
+    static QHash<QString, int> known;
+    auto& size = known[name];
+    if (size == 0) {
+        auto const source = QResource(resourceOf(sourceName(name), "svg")).uncompressedData();
+        constexpr QByteArrayView before = " width=\"";
+        auto const start = source.indexOf(before) + before.size();
+        size = source.mid(start, source.indexOf('"', start) - start).toInt();
+        size = std::max(size, iconSize);
+    }
+    return size;
+}
+
 QPixmap iconPixmap(QString const& name, int size, qreal pixelRatio) {
-    static bool const linked = (linkIcons(), true);
-    Q_ASSERT(linked);
+    ensureLinked();
     static QHash<QString, QPixmap> made;
     int const pixels = static_cast<int>(std::ceil(size * pixelRatio));
     auto& pixmap = made[QStringLiteral("%1/%2").arg(name).arg(pixels)];
     if (!pixmap.isNull())
         return pixmap;
-    bool const grey = !hasSource(name) && name.endsWith(u'0');
-    auto const source = grey ? name.chopped(1) : name;
+    auto const source = sourceName(name);
+    bool const grey = source != name;
     if (!hasSource(source))
         return {};
     auto image = imageOf(source, pixels);

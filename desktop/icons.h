@@ -7,8 +7,11 @@
 
 namespace desktop {
 
-/// The size that icons are shown at where there is room, in logical pixels.
+/// The size of nearly all icons, in logical pixels: those of the bars, which are drawn beforehand.
 inline constexpr int iconSize = 24;
+
+/// The size that a picture's drawing was made for, in logical pixels.
+int drawnSize(QString const& name);
 
 /// The drawing of a picture by its name, `size` logical pixels wide and high, for a screen of this
 /// pixel ratio. "name0" is the grey state of "name". Null for a name without a drawing.

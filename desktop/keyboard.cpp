@@ -1,7 +1,10 @@
 #include "desktop/keyboard.h"
 
+#include "desktop/text.h"
 #include "platform/input.h"
 #include "platform/system.h"
+
+#include <QKeySequence>
 
 namespace desktop {
 
@@ -21,6 +24,14 @@ bool sendDialogKey(platform::Form& form, EventGate& gate, QKeyEvent const& event
         return false;
     auto const key = enter ? platform::Key::enter : platform::Key::escape;
     gate.run([&] { platform::input::press(focusedIn(form), key); });
+    return true;
+}
+
+bool sendFunctionKey(platform::Form& form, EventGate& gate, QKeyEvent const& event) {
+    if (event.key() < Qt::Key_F1 || event.key() > Qt::Key_F12)
+        return false;
+    auto const keys = fromQt(QKeySequence(event.keyCombination()).toString());
+    gate.run([&] { platform::input::shortcut(form, keys); });
     return true;
 }
 

@@ -12,6 +12,9 @@ namespace desktop {
 /// any other key.
 bool sendDialogKey(platform::Form& form, EventGate& gate, QKeyEvent const& event);
 
+/// A function key that no widget wanted goes to the form as a shortcut. False for any other key.
+bool sendFunctionKey(platform::Form& form, EventGate& gate, QKeyEvent const& event);
+
 /// The keyboard goes to the next or previous control in the form's tab order.
 bool walkFocus(platform::Form& form, EventGate& gate, bool next);
 

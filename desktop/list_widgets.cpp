@@ -61,6 +61,8 @@ void ComboBoxWidget::wheelEvent(QWheelEvent* event) {
 ListBoxWidget::ListBoxWidget(platform::ListBox& box, QWidget& parent, EventGate& gate)
     : QListView(&parent), ControlWidget(box, gate) {
     setUniformItemSizes(true);
+    setHorizontalScrollBarPolicy(
+        Qt::ScrollBarAlwaysOff); // it would cover an item; texts end in "…"
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setModel(&items_);
     connect(this, &QListView::clicked, this, [this](QModelIndex const& index) { sendPick(index); });

@@ -1,4 +1,5 @@
-// The mouse on a control's own widget, as the program wants to hear of it: as points of the form.
+// The mouse on the widget of a control or on a form, as the program wants to hear of it: as points
+// of the form, one button at a time, and each press with its release.
 #pragma once
 
 #include "desktop/event_gate.h"
@@ -8,19 +9,18 @@
 
 namespace desktop {
 
+/// `control` may be the form itself. Another button than the one that is down is left alone, its
+/// press as well as its release.
 void sendPress(platform::Control& control, EventGate& gate, QMouseEvent const& event);
 void sendMove(platform::Control& control, EventGate& gate, QMouseEvent const& event);
 void sendRelease(platform::Control& control, EventGate& gate, QMouseEvent const& event);
 void sendDoublePress(platform::Control& control, EventGate& gate, QMouseEvent const& event);
 
+/// Releases, beside everything, a press whose own release went elsewhere, as to a box that came up.
+/// Does nothing while that button is down.
+void finishLostPress(EventGate& gate, Qt::MouseButtons down);
+
 /// A point in pixels without its fraction.
 QPoint wholePixel(QPointF const& position);
-/// True while Shift, Ctrl or Alt is held.
-bool hasModifier(QMouseEvent const& event);
-/// 1 left, 2 right, 4 middle.
-int buttonNumber(QMouseEvent const& event);
-/// Forgets a press whose release was taken by a box that came up meanwhile: this is the only button
-/// that is down.
-void dropLostPress(QMouseEvent const& event);
 
 } // namespace desktop

@@ -100,7 +100,7 @@ void PaintedWidget::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PaintedWidget::mouseReleaseEvent(QMouseEvent* event) {
-    if (takesMouse())
+    if (control()) // also when the press has disabled it
         sendRelease(*control(), gate(), *event);
 }
 

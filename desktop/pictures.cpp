@@ -123,12 +123,12 @@ void drawPicture(QPainter& painter, platform::Picture const& picture, QRectF con
         painter.restore();
         return;
     }
-    int const size =
-        std::min({iconSize, static_cast<int>(place.width()), static_cast<int>(place.height())});
+    auto const name = toQt(picture.name());
+    int const room = static_cast<int>(std::min(place.width(), place.height()));
+    int const size = room <= iconSize ? room : std::min(room, drawnSize(name));
     if (size <= 0)
         return;
-    auto const drawing =
-        iconPixmap(toQt(picture.name()), size, painter.device()->devicePixelRatioF());
+    auto const drawing = iconPixmap(name, size, painter.device()->devicePixelRatioF());
     painter.drawPixmap(QPoint(static_cast<int>(place.left() + (place.width() - size) / 2),
                               static_cast<int>(place.top() + (place.height() - size) / 2)),
                        drawing);

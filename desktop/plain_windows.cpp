@@ -72,7 +72,7 @@ DialogWindow::DialogWindow(platform::Form& form, QWidget* owner, EventGate& gate
     : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                          Qt::WindowCloseButtonHint),
       PlainView(form, *this, gate) {
-    setWindowModality(Qt::ApplicationModal);
+    setWindowModality(Qt::WindowModal); // of the program's windows; the help can be read beside it
 }
 
 QSize DialogWindow::decoration() const {
@@ -98,7 +98,9 @@ void DialogWindow::closeEvent(QCloseEvent* event) {
 
 void DialogWindow::keyPressEvent(QKeyEvent* event) {
     // Not the dialog's own keys: Escape would hide it.
-    if (!form() || !sendDialogKey(*form(), gate(), *event))
+    bool const taken = form() && (sendDialogKey(*form(), gate(), *event) ||
+                                  sendFunctionKey(*form(), gate(), *event));
+    if (!taken)
         event->ignore();
 }
 

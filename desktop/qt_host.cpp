@@ -5,6 +5,7 @@
 #include "desktop/fonts.h"
 #include "desktop/look.h"
 #include "desktop/main_window.h"
+#include "desktop/mouse.h"
 #include "desktop/pictures.h"
 #include "desktop/plain_windows.h"
 #include "desktop/text.h"
@@ -47,7 +48,7 @@ Qt::CursorShape shapeOf(int pointer) {
 /// While a box waits for the user: windows up to date, timers still, an ordinary pointer.
 class QtHost::BoxOpen {
   public:
-    explicit BoxOpen(QtHost& host) : waiting_(host.gate_), hold_(host.timers_) {
+    explicit BoxOpen(QtHost& host) : host_(host), waiting_(host.gate_), hold_(host.timers_) {
         if (host.showsHourglass_)
             QApplication::setOverrideCursor(Qt::ArrowCursor);
         coversHourglass_ = host.showsHourglass_;
@@ -55,11 +56,13 @@ class QtHost::BoxOpen {
     ~BoxOpen() {
         if (coversHourglass_)
             QApplication::restoreOverrideCursor();
+        host_.finishPressSoon();
     }
     BoxOpen(BoxOpen const&) = delete;
     BoxOpen& operator=(BoxOpen const&) = delete;
 
   private:
+    QtHost& host_;
     EventGate::Waiting waiting_;
     Timers::Hold hold_;
     bool coversHourglass_;
@@ -125,6 +128,7 @@ void QtHost::show_modal(platform::Form& form) {
         loop.exec();
         modalLoops_.pop_back();
     }
+    finishPressSoon();
     if (gate_.isSessionOver())
         throw platform::SessionEnd{};
 }
@@ -212,8 +216,8 @@ std::string QtHost::command_line() const {
     return fromQt(commandLine_);
 }
 
-bool QtHost::open_help(std::string const&, std::string const&) {
-    return false; // nothing here can show a compiled help file
+bool QtHost::open_help(std::string const& file, std::string const& topic) {
+    return help_.show(toQt(file), toQt(topic));
 }
 
 bool QtHost::open_link(std::string const& target) {
@@ -231,9 +235,14 @@ void QtHost::unhandled(std::string_view what) {
 }
 
 void QtHost::control_changed(platform::Control& control) {
-    marked_.push_back(&control);
+    mark(&control);
+}
+
+/// Null marks that something has gone: the window that it stood in follows with the others.
+void QtHost::mark(platform::Control* control) {
+    marked_.push_back(control);
     if (marked_.size() == 1 && !gate_.isInsideProgram() && !gate_.isRefreshing())
-        QTimer::singleShot(0, qApp, [this] { gate_.refresh(); });
+        QTimer::singleShot(0, &alive_, [this] { gate_.refresh(); });
 }
 
 void QtHost::control_added(platform::Control& control) {
@@ -252,6 +261,7 @@ void QtHost::control_removed(platform::Control& control) {
         view->discard();
     } else if (auto* const around = viewOf(control.form())) {
         around->remove(control);
+        mark(nullptr);
     }
 }
 
@@ -299,6 +309,8 @@ FormView* QtHost::makeView(platform::Form& form) {
     case platform::FormKind::child:
         return mainWindow_ ? new ChildWindow(form, mainWindow_->childArea(), gate_) : nullptr;
     case platform::FormKind::dialog:
+        if (mainWindow_)
+            mainWindow_->settle(); // a dialog of the start comes up over a window that shows
         return new DialogWindow(form, boxOwner(), gate_);
     case platform::FormKind::tooltip:
         return new TooltipWindow(form, mainWindow_, gate_);
@@ -341,6 +353,15 @@ void QtHost::showFocus() {
     auto* const current = QApplication::focusWidget();
     if (current && controlOf(*current, QPoint()))
         current->clearFocus();
+}
+
+/// A box takes the release of a button that was down when it came up. Behind the handler that has
+/// opened it, and any other box, that press ends.
+void QtHost::finishPressSoon() {
+    QTimer::singleShot(0, &alive_, [this] {
+        if (!QApplication::activeModalWidget())
+            finishLostPress(gate_, QGuiApplication::mouseButtons());
+    });
 }
 
 QWidget* QtHost::boxOwner() const {

@@ -3,6 +3,7 @@
 
 #include "desktop/event_gate.h"
 #include "desktop/form_view.h"
+#include "desktop/help_viewer.h"
 #include "desktop/timers.h"
 #include "platform/form.h"
 #include "platform/host.h"
@@ -19,7 +20,7 @@ namespace desktop {
 class MainWindow;
 
 /// Lives inside the QApplication, and longer than the program's forms.
-class QtHost final : public platform::Host {
+class QtHost : public platform::Host {
   public:
     /// `arguments` are the program's own words of the command line.
     explicit QtHost(QStringList const& arguments);
@@ -71,8 +72,10 @@ class QtHost final : public platform::Host {
         QEventLoop* loop;
     };
 
+    void mark(platform::Control* control);
     void bringUpToDate();
     void showFocus();
+    void finishPressSoon();
     void endSession();
     FormView* viewOf(platform::Control const& form) const;
     FormView* ensureView(platform::Form& form);
@@ -88,6 +91,8 @@ class QtHost final : public platform::Host {
     std::unordered_map<platform::Control const*, FormView*> views_;
     MainWindow* mainWindow_ = nullptr;
     std::vector<ModalLoop> modalLoops_;
+    HelpViewer help_;
+    QObject alive_; // what is put off to a later moment ends with the host
     bool showsHourglass_ = false;
     bool reportsFailure_ = false;
 };

@@ -109,6 +109,10 @@ void ArrowPair::leaveEvent(QEvent*) {
     hold(Arrow::none);
 }
 
+void ArrowPair::hideEvent(QHideEvent*) {
+    hold(Arrow::none); // the release goes to what shows instead
+}
+
 void ArrowPair::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Up)
         step(Arrow::up);

@@ -37,6 +37,7 @@ class ArrowPair : public QWidget, public ControlWidget {
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     enum class Arrow { none, up, down };

@@ -122,7 +122,7 @@ TextField::TextField(platform::TextBox& box, QWidget& parent, EventGate& gate)
             sendText(changed, cursorPosition());
     });
     auto const sendOwnSelection = [this] {
-        if (this->gate().isRefreshing() || !this->box())
+        if (this->gate().isRefreshing() || !this->box() || losesFocus_)
             return;
         // Undoing moves the caret before it tells of the text.
         if (text() != toQt(this->box()->Text.get()))
@@ -141,7 +141,7 @@ void TextField::takeOver() {
     if (hasFrame() != framed)
         setFrame(framed);
     if (!framed)
-        setTextMargins(-2, 0, 0, 0); // the widget's own margin, which only a frame needs
+        setTextMargins(-2, -1, 0, 0); // the widget's own margins, which only a frame needs
     constexpr int unlimited = 32767;
     int const longest = box()->MaxLength > 0 ? box()->MaxLength.get() : unlimited;
     if (maxLength() != longest)
@@ -169,6 +169,8 @@ void TextField::takeOverText() {
 }
 
 void TextField::takeOverSelection() {
+    if (!hasFocus())
+        return; // a selection shows where the keyboard is
     auto const shown = text();
     int const start = toUnits(shown, box()->SelStart);
     int const end = toUnits(shown, box()->SelStart + box()->SelLength);
@@ -213,8 +215,18 @@ void TextField::inputMethodEvent(QInputMethodEvent* event) {
 
 void TextField::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
+    if (box())
+        takeOverSelection();
     if (event->reason() == Qt::MouseFocusReason)
         press_ = Press::bringsFocus;
+}
+
+void TextField::focusOutEvent(QFocusEvent* event) {
+    // The widget forgets its selection, the program does not. It must not be told anything now: it
+    // has yet to hear where the keyboard goes, and would take it back.
+    losesFocus_ = true;
+    QLineEdit::focusOutEvent(event);
+    losesFocus_ = false;
 }
 
 void TextField::mousePressEvent(QMouseEvent* event) {

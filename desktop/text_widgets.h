@@ -46,6 +46,7 @@ class TextField : public QLineEdit, public TextInput {
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -59,6 +60,7 @@ class TextField : public QLineEdit, public TextInput {
     enum class Press { none, bringsFocus, plain };
     Press press_ = Press::none;
     QPoint pressedAt_;
+    bool losesFocus_ = false;
 };
 
 /// A box of several lines.

@@ -92,8 +92,7 @@ void txt_fontName_Change() {
     if (!number)
         return;
     auto const& installed = list.List(*number);
-    // In a record it would name a font that is not there, or one that no object takes.
-    if (FixedText<50>(installed).trimmed() != installed || !host().accepts_font(installed))
+    if (!is_usable_font(installed))
         return;
     change_selected(
         Links::renew,

@@ -257,6 +257,10 @@ void show_list(int number) {
         fill_list(*box, field(number));
 }
 
+bool is_usable_font(std::string const& name) {
+    return FixedText<50>(name).trimmed() == name && host().accepts_font(name);
+}
+
 double drop_down_height(TextControl const& box) {
     // Frame and room above and below the text: in the usual font the height of a text box.
     constexpr double around = 9;

@@ -36,6 +36,9 @@ void show_border(int number);
 /// The rows of a drop-down and the chosen one.
 void show_list(int number);
 
+/// True for a font that objects take and a record can name.
+bool is_usable_font(std::string const& name);
+
 /// The height that a drop-down takes from its font, in pixels.
 double drop_down_height(platform::TextControl const& box);
 

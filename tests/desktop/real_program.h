@@ -77,8 +77,7 @@ class RealProgram : public testing::Test {
     /// Starts the program on a card (or none) and lets the windows settle.
     void start(QString const& file = {}) {
         qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
-        host =
-            std::make_unique<desktop::QtHost>(file.isEmpty() ? QStringList() : QStringList(file));
+        host = make_host(file.isEmpty() ? QStringList() : QStringList(file));
         program = std::make_unique<Program>(*host);
         host->run([&] {
             program->Main();
@@ -88,12 +87,16 @@ class RealProgram : public testing::Test {
             return window() && window()->isVisible() && !host->timers().isAnyShorterThan(100);
         }));
     }
+    virtual std::unique_ptr<desktop::QtHost> make_host(QStringList const& arguments) {
+        return std::make_unique<desktop::QtHost>(arguments);
+    }
     QWidget* window() { return host->mainWindow(); }
 
     /// The window of the card inside the main window, by its Qt class.
     QWidget* card_window() {
-        return find_child<QWidget>(
-            *window(), [](QWidget& widget) { return widget.inherits("QMdiSubWindow"); });
+        return find_child<QWidget>(*window(), [](QWidget& widget) {
+            return widget.inherits("QMdiSubWindow") && !widget.isHidden();
+        });
     }
     /// The inside of the card, as painted.
     QWidget* canvas() {

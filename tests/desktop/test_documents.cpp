@@ -1,4 +1,5 @@
 // New, open, save and close with real clicks and keys.
+#include "model/settings.h"
 #include "tests/desktop/real_program.h"
 
 #include <QInputDialog>
@@ -43,6 +44,7 @@ TEST_F(Documents, TheCardsCloseButtonAsksAndTheTimerCloses) {
 
 TEST_F(Documents, ANewCardIsNamedAndShown) {
     start();
+    settings.showVelho = 0;
     QTimer name_it;
     name_it.callOnTimeout([&] {
         auto* const box = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());

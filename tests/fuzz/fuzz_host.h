@@ -3,6 +3,7 @@
 
 #include "platform/errors.h"
 #include "platform/host.h"
+#include "platform/input.h"
 
 #include <cstdlib>
 
@@ -22,7 +23,11 @@ class FuzzHost : public platform::Host {
     std::string ShowOpen(platform::CommonDialog const&) override { return cancelled(); }
     std::string ShowSave(platform::CommonDialog const&) override { return cancelled(); }
     platform::Colour ShowColor(platform::Colour start, int) override { return start; }
-    void show_modal(platform::Form&) override {}
+    /// A dialog is closed by its OK at once.
+    void show_modal(platform::Form& form) override {
+        if (auto* const ok = form.find("cmd_ok"))
+            platform::input::click(*ok);
+    }
     std::vector<std::string> fonts() const override { return {"MS Sans Serif"}; }
     bool accepts_font(std::string_view name) const override { return name == "MS Sans Serif"; }
     Size measure_text(platform::Font const&, std::string_view text) const override {

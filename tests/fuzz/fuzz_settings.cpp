@@ -2,10 +2,15 @@
 // record that stands comes back the same.
 #include "app/program.h"
 #include "app/settings_file.h"
+#include "cardfile/document_commands.h"
 #include "commands/icon_bar.h"
 #include "commands/last_files.h"
-#include "commands/menu_table.h"
+#include "dialogs/settings.h"
+#include "forms/card_form.h"
 #include "forms/editor_form.h"
+#include "model/card.h"
+#include "surface/adding.h"
+#include "surface/grid.h"
 #include "tests/fuzz/fuzz_host.h"
 
 #include <cstdint>
@@ -13,10 +18,29 @@
 
 using namespace kehystin;
 
+namespace {
+
+/// The program with a card that has a field.
+bool start(Program& program) {
+    program.Main();
+    settings.showVelho = 0;
+    cmd_new_Click();
+    Form_DragDrop(fEditor->drag_ots, 100, 100);
+    return fCard != nullptr;
+}
+
+/// A switch that is on is stored as -1, whatever number meant it before.
+void normalise(Settings& record) {
+    for (auto* const flag : {&record.keepLastFiles, &record.saveWindowPos, &record.showVelho})
+        *flag = *flag != 0 ? -1 : 0;
+}
+
+} // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
     static FuzzHost host;
     static Program program(host);
-    static bool const started = (program.Main(), true);
+    static bool const started = start(program);
     (void)started;
     constexpr double width = 1280 * 15;
     constexpr double height = 1024 * 15;
@@ -35,5 +59,20 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     settings = record;
     set_ico();
     UpdateLastFiles("");
+    // What stands is used: marks are drawn and snapped to, and the dialog takes it as it is.
+    settings.showVelho = 0;
+    again = settings;
+    field(1).left = 95;
+    upd_gg();
+    cmd_grid_snap_Click();
+    cmd_guide_snap_Click();
+    if (field(1).left < 0 || field(1).left > 400)
+        std::abort();
+    cmd_properties_Click();
+    UpdateLastFiles(""); // the dialog closes up the list
+    normalise(settings);
+    normalise(again);
+    if (settings_record(settings) != settings_record(again))
+        std::abort();
     return 0;
 }

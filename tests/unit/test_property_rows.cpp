@@ -6,8 +6,8 @@
 #include "panel/selection_rows.h"
 #include "platform/input.h"
 #include "platform/system.h"
+#include "scenario/pictures.h"
 #include "surface/load_card.h"
-#include "tests/scenario/pictures.h"
 #include "tests/unit/fresh_session.h"
 
 namespace kehystin {

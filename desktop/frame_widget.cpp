@@ -1,0 +1,44 @@
+#include "desktop/frame_widget.h"
+
+#include "desktop/text.h"
+
+#include <QPainter>
+
+namespace desktop {
+
+FrameWidget::FrameWidget(platform::Frame& frame, QWidget& parent, EventGate& gate)
+    : QGroupBox(&parent), ControlWidget(frame, gate) {}
+
+void FrameWidget::takeOver() {
+    takeOverLook(*frame());
+    if (auto const caption = toQt(frame()->Caption.get()); title() != caption)
+        setTitle(caption);
+    update();
+}
+
+void FrameWidget::paintEvent(QPaintEvent*) {
+    if (!frame())
+        return;
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Window));
+    if (frame()->BorderStyle != 0)
+        paintBorder(painter);
+}
+
+/// The line runs through the middle of the caption, which brings its own distance in blanks.
+void FrameWidget::paintBorder(QPainter& painter) {
+    constexpr int captionLeft = 8;
+    int const above = fontMetrics().height() / 2;
+    painter.setPen(palette().color(QPalette::Dark));
+    painter.drawRect(rect().adjusted(0, above, -1, -1));
+    if (title().isEmpty())
+        return;
+    QRect const place(captionLeft, 0, fontMetrics().horizontalAdvance(title()),
+                      fontMetrics().height());
+    painter.fillRect(place, palette().color(QPalette::Window));
+    painter.setPen(
+        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, title());
+}
+
+} // namespace desktop

@@ -1,0 +1,128 @@
+#include "desktop/help_browser.h"
+
+#include "desktop/help_file.h"
+
+#include <QDesktopServices>
+#include <QFontInfo>
+#include <QUrl>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+/// Pages are addressed as "help:/velho.htm": a link in one then never means a file on the disk.
+QUrl addressOf(QString const& page) {
+    QUrl address;
+    address.setScheme(QStringLiteral("help"));
+    address.setPath(u'/' + page.section(u'#', 0, 0));
+    if (page.contains(u'#'))
+        address.setFragment(page.section(u'#', 1));
+    return address;
+}
+
+QString nameOf(QUrl const& address) {
+    auto path = address.path();
+    while (path.startsWith(u'/'))
+        path.remove(0, 1);
+    return path;
+}
+
+} // namespace
+
+HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
+    setFrameShape(QFrame::NoFrame);
+    // The application's face, at a size that can grow: by points.
+    auto face = font();
+    face.setPointSizeF(QFontInfo(face).pointSizeF());
+    setFont(face);
+    constexpr int margin = 14; // pixels
+    document()->setDocumentMargin(margin);
+}
+
+void HelpBrowser::showPage(QString const& page) {
+    setSource(addressOf(page));
+}
+
+QString HelpBrowser::page() const {
+    return nameOf(source());
+}
+
+QString HelpBrowser::pageOf(QUrl const& address) {
+    return address.hasFragment() ? nameOf(address) + u'#' + address.fragment() : nameOf(address);
+}
+
+void HelpBrowser::mark(QStringList const& words) {
+    QList<ExtraSelection> marks;
+    for (auto const& word : words)
+        for (auto found = document()->find(word); !found.isNull();
+             found = document()->find(word, found)) {
+            ExtraSelection here;
+            here.cursor = found;
+            here.format.setBackground(QColor(255, 226, 120));
+            marks.append(here);
+        }
+    setExtraSelections(marks);
+    auto const first =
+        std::min_element(marks.begin(), marks.end(), [](auto const& one, auto const& other) {
+            return one.cursor.position() < other.cursor.position();
+        });
+    if (first == marks.end())
+        return;
+    auto cursor = first->cursor;
+    cursor.clearSelection();
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void HelpBrowser::zoom(int step) {
+    constexpr int furthest = 10;
+    int const wanted = step == 0 ? 0 : std::clamp(zoomed_ + step, -2, furthest);
+    if (wanted > zoomed_)
+        zoomIn(wanted - zoomed_);
+    else if (wanted < zoomed_)
+        zoomOut(zoomed_ - wanted);
+    zoomed_ = wanted;
+}
+
+void HelpBrowser::wheelEvent(QWheelEvent* event) {
+    if (!(event->modifiers() & Qt::ControlModifier))
+        return QTextBrowser::wheelEvent(event);
+    if (event->angleDelta().y() != 0)
+        zoom(event->angleDelta().y() > 0 ? 1 : -1);
+    event->accept();
+}
+
+QVariant HelpBrowser::loadResource(int type, QUrl const& name) {
+    if (!file_)
+        return {};
+    auto const wanted = nameOf(name);
+    if (type != QTextDocument::HtmlResource)
+        return file_->read(wanted);
+    auto const page = file_->text(wanted);
+    return page.isNull() ? missingPage(wanted) : page;
+}
+
+QString HelpBrowser::missingPage(QString const& name) const {
+    auto const contents = file_->contents();
+    auto const first = contents.isEmpty() ? file_->pages().value(0) : contents.front().page;
+    return QStringLiteral("<html><head><title>Sivua ei löydy</title></head><body>"
+                          "<h1>Sivua ei löydy</h1><p>Ohjeessa ei ole sivua ”%1”.</p>"
+                          "<p><a href=\"%2\">Siirry ohjeen alkuun</a></p></body></html>")
+        .arg(name.toHtmlEscaped(), first.toHtmlEscaped());
+}
+
+/// What lies outside the help file belongs to the browser or the mail program.
+void HelpBrowser::doSetSource(QUrl const& url, QTextDocument::ResourceType type) {
+    auto const scheme = url.scheme();
+    if (!scheme.isEmpty() && scheme != QLatin1String("help")) {
+        QDesktopServices::openUrl(url);
+        return;
+    }
+    setExtraSelections({});
+    QTextBrowser::doSetSource(url, type);
+}
+
+} // namespace desktop

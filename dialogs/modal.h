@@ -1,0 +1,25 @@
+// How a dialog lives: made, shown until it closes, and gone, whatever happens meanwhile.
+#pragma once
+
+#include "dialogs/help.h"
+#include "platform/form.h"
+
+#include <functional>
+#include <memory>
+
+namespace kehystin {
+
+/// Makes the form of a dialog, lets `load` wire and fill it, and shows it until it is closed.
+template <class DialogForm>
+void show_dialog(std::unique_ptr<DialogForm>& form, std::function<void()> const& load) {
+    struct Release {
+        std::unique_ptr<DialogForm>& form;
+        ~Release() { form.reset(); }
+    } const release{form};
+    form = std::make_unique<DialogForm>();
+    form->KeyDown = help_KeyDown;
+    load();
+    form->ShowModal();
+}
+
+} // namespace kehystin

@@ -47,9 +47,11 @@ void fit_card() {
         right = std::max(right, field(i).right());
         bottom = std::max(bottom, field(i).bottom());
     }
+    Integer const width = right + room_across;
+    Integer const height = bottom + room_down;
     fEditor->cmb_field.ListIndex = 0;
-    fEditor->scr_width.Value = -(right + room_across);
-    fEditor->scr_height.Value = -(bottom + room_down);
+    fEditor->scr_width.Value = -width;
+    fEditor->scr_height.Value = -height;
     size_card_frame(fCard->Width / twips_per_pixel, fCard->Height / twips_per_pixel);
 }
 

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "dialogs/help.h"
-#include "platform/form.h"
+#include "forms/editor_form.h"
+#include "platform/system.h"
 
 #include <functional>
 #include <memory>
@@ -20,6 +21,9 @@ void show_dialog(std::unique_ptr<DialogForm>& form, std::function<void()> const&
     form->KeyDown = help_KeyDown;
     load();
     form->ShowModal();
+    // A list that was open went when the dialog came: its row gets the keyboard.
+    if (!platform::System::current().focused())
+        fEditor->focusTimer.Enabled = true;
 }
 
 } // namespace kehystin

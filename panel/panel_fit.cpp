@@ -1,7 +1,9 @@
 #include "panel/panel_fit.h"
 
 #include "commands/card_size.h"
+#include "model/session.h"
 #include "panel/rows.h"
+#include "platform/system.h"
 
 namespace kehystin {
 
@@ -64,6 +66,9 @@ void paintTimer_Timer() {
 
 void scr_pro_Change() {
     hide_pop_ups(); // they would stay behind where their row stood
+    if (auto const row = row_of(session.pro_focus);
+        !System::current().focused() && row != Row::none)
+        editor_of(row).SetFocus();
     fEditor->proPic.Top = -fEditor->scr_pro.Value;
 }
 

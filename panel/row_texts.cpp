@@ -238,6 +238,11 @@ void fill_row(Row row, Field& one) {
     (form.*panel_row(row).editor).Text = row_text(row, one);
 }
 
+void show_picture_text(std::string text) {
+    fEditor->txt_picture.Tag = text;
+    fEditor->txt_picture.Text = std::move(text);
+}
+
 void fill_card_rows() {
     auto& form = *fEditor;
     form.txt_name.Text = card.name.trim();
@@ -249,7 +254,7 @@ void fill_card_rows() {
     fill_scroll_bar(form.scr_height, card.height);
     auto const picture = card.picture.trim();
     if (names_a_file(picture))
-        form.txt_picture.Text = file_part(picture);
+        show_picture_text(file_part(picture));
     else
         // The text of "Taustakuva" stays, and without a picture nothing counts as transparent.
         form.txt_transp.Text = std::string(yes_no(false));

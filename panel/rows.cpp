@@ -46,8 +46,17 @@ void order_tabs(std::span<Row const> rows) {
     int place = editor_of(panel_rows().front().row).TabIndex;
     for (auto const& row : panel_rows())
         place = std::min<int>(place, editor_of(row.row).TabIndex);
-    for (auto const row : rows)
-        editor_of(row).TabIndex = place++;
+    for (auto const number : rows) {
+        auto const& row = panel_row(number);
+        editor_of(number).TabIndex = place++;
+        // Who clicked what stands beside an editor goes on from there.
+        if (row.button)
+            ((*fEditor).*row.button).TabIndex = place++;
+        if (row.scroll)
+            ((*fEditor).*row.scroll).TabIndex = place++;
+        if (row.list)
+            ((*fEditor).*row.list).TabIndex = place++;
+    }
 }
 
 } // namespace
@@ -95,6 +104,12 @@ void scroll_into_view(PanelRow const& row) {
             static_cast<int>(std::ceil((bottom - fEditor->proBot.Height) / row_step) * row_step));
 }
 
+/// The item of that text; of several the one that is chosen already.
+int place_of_item(ListBox const& list, std::string const& text) {
+    return list.chosen_text() == text && list.ListIndex >= 0 ? int{list.ListIndex}
+                                                             : list.find_item(text);
+}
+
 /// The list of a row stands under its editor and on the item that the editor shows. Nothing is
 /// chosen by that.
 void prepare_list(PanelRow const& row) {
@@ -110,6 +125,8 @@ void prepare_list(PanelRow const& row) {
         list.Tag = std::string(tag);
     if (row.row == Row::link_mode)
         list.ListIndex.show(contains(UCase(editor.Text.get()), "AUTO") ? 0 : 1);
+    else if (row.row == Row::value && list.find_item(editor.Text.get()) >= 0)
+        list.ListIndex.show(place_of_item(list, editor.Text.get()));
     else if (row.row != Row::link)
         list.ListIndex.show(word_number(row.row, editor.Text.get()).value_or(-1));
 }

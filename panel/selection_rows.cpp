@@ -181,6 +181,10 @@ void fill_common_values(std::vector<int> const& numbers) {
         auto const text = [row](Field& one) { return row_text(row, one); };
         if (!having.empty())
             fill_row(row, field(having.front())); // the lists to choose from, in any case
+        else if (row == Row::value)
+            fEditor->lst_value.Clear();
+        else if (row == Row::list)
+            fEditor->lst_list.Clear();
         if (having.empty() || !agree(having, std::string("StartValue"), text))
             show_difference(row);
     }
@@ -249,6 +253,16 @@ bool all_same(std::string_view key) {
         if (property.key == key)
             return agree_on(property, selected_fields());
     return true;
+}
+
+std::string common_text(Row row) {
+    auto const selected = selected_fields();
+    auto const having = fields_with(row, selected);
+    auto const& asked = having.empty() ? selected : having;
+    auto const text = [row](Field& one) { return row_text(row, one); };
+    if (asked.empty() || !agree(asked, std::string("StartValue"), text))
+        return {};
+    return row_text(row, field(asked.front()));
 }
 
 void set_pro() {

@@ -1,6 +1,9 @@
 // What the panel shows for the selection on the surface.
 #pragma once
 
+#include "forms/panel_rows.h"
+
+#include <string>
 #include <string_view>
 
 namespace kehystin {
@@ -14,5 +17,9 @@ void set_pro();
 /// True when all selected fields have the same value of the property that the key names, such as
 /// "LEFT" or "FONTNAME"; also for an unknown key, and for less than two fields.
 bool all_same(std::string_view key);
+
+/// What a row shows of the selected fields: the text on which those agree that have the row, or
+/// nothing.
+std::string common_text(Row row);
 
 } // namespace kehystin

@@ -13,14 +13,17 @@ namespace kehystin {
 
 namespace {
 
-/// Frames that a drag has moved stand around their fields again: what the selector chooses comes
-/// without a release.
-void hide_frames() {
+/// Frames that a drag has moved stand around their fields again, for what the selector chooses
+/// comes without a release; but a drag of the chosen field itself goes on.
+void hide_frames(int chosen) {
     fCard->focus(0).Visible = false;
     for (int i = 1; i <= card.fields; ++i)
         if (fCard->focus.has(i)) {
-            fCard->focus(i).Visible = false;
-            fCard->place_frame(i);
+            auto& frame = fCard->focus(i);
+            bool const dragged = !frame.Tag.get().empty() || !fCard->bigfocus.Tag.get().empty();
+            if (!(i == chosen && frame.Visible && dragged))
+                fCard->place_frame(i);
+            frame.Visible = false;
         }
 }
 
@@ -48,7 +51,7 @@ void cmb_field_Click() {
     auto* const keyboard = System::current().focused();
     {
         PanelUpdate const filling;
-        hide_frames();
+        hide_frames(chosen);
         hide_pro();
         if (chosen == 0)
             show_card_itself();

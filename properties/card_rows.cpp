@@ -19,7 +19,7 @@ constexpr std::string_view no_picture = "Ei";
 void show_picture_name() {
     PanelUpdate const filling;
     auto const path = card.picture.trimmed();
-    fEditor->txt_picture.Text = names_a_file(path) ? file_part(path) : std::string(no_picture);
+    show_picture_text(names_a_file(path) ? file_part(path) : std::string(no_picture));
 }
 
 } // namespace
@@ -73,8 +73,10 @@ void txt_picture_DblClick() {
 }
 
 void txt_picture_Change() {
-    if (!session.pro_updating)
-        show_picture_name();
+    if (session.pro_updating)
+        return;
+    PanelUpdate const filling;
+    fEditor->txt_picture.Text = fEditor->txt_picture.Tag.get();
 }
 
 } // namespace kehystin

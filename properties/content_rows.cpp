@@ -27,6 +27,10 @@ void clear_other_options(int chosen) {
 
 void choose_item(Field& one, std::string const& text) {
     auto const items = items_of(one);
+    if (fEditor->lst_value.ListIndex == 0 && text.empty()) {
+        one.value = none_chosen;
+        return;
+    }
     // Of several equal items the one that was chosen counts; the list has an empty one before them.
     auto const chosen = static_cast<std::size_t>(fEditor->lst_value.ListIndex);
     if (fEditor->lst_value.ListIndex > 0 && chosen <= items.size() && items[chosen - 1] == text) {

@@ -4,6 +4,7 @@
 #include "forms/editor_form.h"
 #include "model/session.h"
 #include "panel/row_texts.h"
+#include "panel/selection_rows.h"
 #include "platform/host.h"
 #include "properties/apply.h"
 #include "properties/list_editor.h"
@@ -131,9 +132,10 @@ void txt_imgfile_DblClick() {
 }
 
 void txt_imgfile_Change() {
-    auto const selected = selected_fields();
-    if (!session.pro_updating && !selected.empty())
-        show_file_of(field(selected.front()));
+    if (session.pro_updating)
+        return;
+    PanelUpdate const filling;
+    fEditor->txt_imgfile.Text = common_text(Row::image_file);
 }
 
 } // namespace kehystin

@@ -5,6 +5,7 @@
 #include "model/session.h"
 #include "panel/row_texts.h"
 #include "panel/rows.h"
+#include "panel/selection_rows.h"
 #include "platform/host.h"
 #include "platform/system.h"
 #include "properties/apply.h"
@@ -142,7 +143,7 @@ void lst_list_Click() {
     set_button(form.cmd_list_change, chosen >= 0);
     set_button(form.cmd_list_del, chosen >= 0);
     set_button(form.cmd_list_up, chosen != 0);
-    set_button(form.cmd_list_down, chosen != items().ListCount() - 1);
+    set_button(form.cmd_list_down, chosen < 0 || chosen != items().ListCount() - 1);
     // A button that was disabled under the user's hand leaves the keyboard to the list.
     if (form.bot_list.Visible && !System::current().focused())
         form.lst_list.SetFocus();
@@ -150,7 +151,8 @@ void lst_list_Click() {
 
 void bot_list_LostFocus() {
     auto const* const now = System::current().focused();
-    if (now && now->container() != &fEditor->bot_list)
+    auto const* const editor = &fEditor->bot_list;
+    if (now && now != editor && now->container() != editor)
         fEditor->bot_list.Visible = false;
 }
 
@@ -158,7 +160,7 @@ void txt_list_Change() {
     if (session.pro_updating)
         return;
     PanelUpdate const filling;
-    fEditor->txt_list.Text = items().ListCount() > 0 ? items().List(0) : "";
+    fEditor->txt_list.Text = common_text(Row::list);
 }
 
 void bot_list_KeyPress(char32_t& key) {

@@ -117,7 +117,11 @@ void drop_button_Click(Row row) {
 void word_list_Click(Row row) {
     auto& list = list_of(row);
     auto& editor = editor_of(row);
+    bool const stood = editor.Text.get() == list.chosen_text();
     editor.Text = list.chosen_text();
+    // Several fields may differ where the row shows nothing, and items may be equal.
+    if (stood && row == Row::value)
+        editor.Change(editor.index());
     editor.SetFocus();
     editor.select_all();
     list.Visible = false;

@@ -138,12 +138,12 @@ void show_scaled(int number) {
     auto& one = field(number);
     auto& box = fCard->img(number);
     auto const picture = readable_picture(one);
+    take_record_size(box, one);
     if (picture.empty()) {
         box.Picture = Picture();
         print_image_text(box, number);
         return;
     }
-    take_record_size(box, one);
     box.Cls();
     box.Picture = picture;
     if (one.scaling == 1)
@@ -158,6 +158,7 @@ void remove_image(int number) {
     auto& one = field(number);
     auto& box = fCard->img(number);
     one.list = "";
+    take_record_size(box, one);
     box.Picture = Picture();
     print_image_text(box, number);
 }

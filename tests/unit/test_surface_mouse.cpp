@@ -1,4 +1,5 @@
 // What the mouse does to surface, frames and tips beside moving fields: stacking, tags, gates.
+#include "commands/card_size.h"
 #include "commands/tips.h"
 #include "model/settings.h"
 #include "platform/input.h"
@@ -135,6 +136,33 @@ TEST_F(SurfaceMouse, TheFieldBarTakesTipAndPointerAway) {
     System::current().set_MousePointer(8);
     fEditor->fldBar.MouseMove(-1, {0, 0, 10, 10});
     EXPECT_EQ(pointer(), 0);
+}
+
+TEST_F(SurfaceMouse, TwoThousandFieldsAreBandedMovedAndDeleted) {
+    for (int i = 3; i <= 2000; ++i)
+        add_field(i % 2 == 0 ? Style::TXT : Style::OTS, 20 + i % 50 * 10, 60 + i % 30 * 10, 8, 8);
+    ASSERT_TRUE(load_card());
+    input::mouse_press(*fCard, 590, 390, false);
+    input::mouse_move(*fCard, 0, 0);
+    input::mouse_release(*fCard, 0, 0);
+    EXPECT_EQ(selected_fields().size(), 2000U);
+    input::mouse_press(*fCard, 50, 28, true);
+    input::mouse_move(*fCard, 57, 31);
+    input::mouse_release(*fCard, 57, 31);
+    EXPECT_EQ(field(1).left, 27);
+    EXPECT_EQ(field(2000).left, 27);
+    EXPECT_EQ(field(2000).top, 60 + 2000 % 30 * 10 + 3);
+    host.answers = {Answer::ok};
+    input::click(fEditor->cmd_field_del);
+    EXPECT_EQ(card.fields, 0);
+}
+
+TEST_F(SurfaceMouse, ACardThatCannotBeFittedKeepsSizeAndSelection) {
+    set_focus(2);
+    field(1).top = 32740;
+    EXPECT_THROW(fit_card(), RuntimeError);
+    EXPECT_EQ(card.width, 600);
+    EXPECT_EQ(fEditor->cmb_field.ListIndex, 2);
 }
 
 } // namespace kehystin

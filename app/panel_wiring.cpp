@@ -31,22 +31,29 @@ void wire_numbers() {
     fEditor->txt_tabindex.Change = txt_tabindex_Change;
 }
 
+bool is_link_row(Row row) {
+    return row == Row::link_mode || row == Row::link;
+}
+
 /// Rows with a list of words share everything but what a change does, and the letters and the
-/// double click that only fixed words have.
+/// double click that only fixed words have. The rows of links hand the keyboard on in their own
+/// way.
 void wire_words() {
     for (auto const& one : panel_rows()) {
         if (!one.list)
             continue;
         auto const row = one.row;
         auto& editor = editor_of(row);
-        auto& list = (*fEditor).*one.list;
-        editor.LostFocus = [row] { word_LostFocus(row); };
         auto& button = (*fEditor).*one.button;
+        auto& list = (*fEditor).*one.list;
         button.Click = [row] { drop_button_Click(row); };
-        button.LostFocus = [row] { word_LostFocus(row); };
-        list.Click = [row] { word_list_Click(row); };
         list.KeyPress = [row](int, char32_t& key) { word_list_KeyPress(row, key); };
-        list.LostFocus = [row] { word_list_LostFocus(row); };
+        if (!is_link_row(row)) {
+            editor.LostFocus = [row] { word_LostFocus(row); };
+            button.LostFocus = [row] { word_LostFocus(row); };
+            list.Click = [row] { word_list_Click(row); };
+            list.LostFocus = [row] { word_list_LostFocus(row); };
+        }
         if (row == Row::font_name || row == Row::font_size || row == Row::link)
             continue;
         editor.KeyPress = [row](int, char32_t& key) { word_KeyPress(row, key); };
@@ -55,9 +62,8 @@ void wire_words() {
     auto& booleans = fEditor->lst_boolean;
     booleans.Click = lst_boolean_Click;
     booleans.LostFocus = [] {
-        fEditor->lst_boolean.Visible = false;
         if (auto const row = row_of_boolean_list(); row != Row::none)
-            word_LostFocus(row);
+            word_list_LostFocus(row);
     };
     booleans.KeyPress = [](int, char32_t& key) {
         if (auto const row = row_of_boolean_list(); row != Row::none)
@@ -107,8 +113,6 @@ void wire_links() {
     auto& form = *fEditor;
     form.txt_link.Change = txt_link_Change;
     form.txt_linkitys.Change = txt_linkitys_Change;
-    form.txt_linkitys.LostFocus = {};
-    form.cmd_linkitys.LostFocus = {};
     form.lst_linkitys.LostFocus = [] { fEditor->lst_linkitys.Visible = false; };
     form.lst_linkitys.Click = lst_linkitys_Click;
     form.txt_linkki.Change = txt_linkki_Change;
@@ -131,10 +135,12 @@ void wire_list_editor() {
     form.cmd_list_down.Click = cmd_list_down_Click;
     form.lst_list.Click = lst_list_Click;
     form.txt_list.Change = txt_list_Change;
-    for (Control* const part : form.bot_list.children())
+    auto parts = form.bot_list.children();
+    parts.push_back(&form.bot_list);
+    for (auto* const part : parts) {
         part->KeyPress = [](int, char32_t& key) { bot_list_KeyPress(key); };
-    for (Control* const part : form.bot_list.children())
         part->LostFocus = bot_list_LostFocus;
+    }
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 // finished picture.
 #include "bench/running_program.h"
 #include "desktop/card_canvas.h"
-#include "desktop/look.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
 #include "model/card.h"
@@ -173,13 +172,3 @@ BENCHMARK(frames_of_300_fields)->Unit(benchmark::kMillisecond);
 BENCHMARK(objects_frames_and_lines_of_300_fields)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char* argv[]) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    desktop::applyLook(application);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}

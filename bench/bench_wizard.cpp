@@ -1,7 +1,6 @@
 // Speed of the wizard in the real windows: from its last click to the painted card.
 #include "bench/running_program.h"
 #include "desktop/card_canvas.h"
-#include "desktop/look.h"
 #include "forms/editor_form.h"
 #include "forms/velho_form.h"
 #include "model/card.h"
@@ -88,13 +87,3 @@ void wizard_card_of_40_fields(benchmark::State& state) {
 BENCHMARK(wizard_card_of_40_fields)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 } // namespace
-
-int main(int argc, char* argv[]) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    desktop::applyLook(application);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}

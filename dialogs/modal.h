@@ -22,7 +22,8 @@ void show_dialog(std::unique_ptr<DialogForm>& form, std::function<void()> const&
     load();
     form->ShowModal();
     // A list that was open went when the dialog came: its row gets the keyboard.
-    if (!platform::System::current().focused())
+    auto const& system = platform::System::current();
+    if (!system.focused() && !system.active_modal())
         fEditor->focusTimer.Enabled = true;
 }
 

@@ -1,7 +1,6 @@
 #include "panel/panel_fit.h"
 
 #include "commands/card_size.h"
-#include "model/session.h"
 #include "panel/rows.h"
 #include "platform/system.h"
 
@@ -47,6 +46,16 @@ void fit_rows(double taken) {
     }
 }
 
+/// True for the pop-up lists, the list editor and what stands in it.
+bool is_pop_up(Control const* control) {
+    if (!control)
+        return false;
+    auto const& form = *fEditor;
+    bool const stands_over_rows =
+        control->container() == &form.proBot && control != &form.proPic && control != &form.scr_pro;
+    return stands_over_rows || control->container() == &form.bot_list;
+}
+
 } // namespace
 
 void paintTimer_Timer() {
@@ -65,10 +74,11 @@ void paintTimer_Timer() {
 }
 
 void scr_pro_Change() {
-    hide_pop_ups(); // they would stay behind where their row stood
-    if (auto const row = row_of(session.pro_focus);
-        !System::current().focused() && row != Row::none)
-        editor_of(row).SetFocus();
+    // Pop-ups would stay behind where their row stood. One that has the keyboard gives it to the
+    // bar: its row would scroll back into sight.
+    if (is_pop_up(System::current().focused()))
+        fEditor->scr_pro.SetFocus();
+    hide_pop_ups();
     fEditor->proPic.Top = -fEditor->scr_pro.Value;
 }
 

@@ -54,8 +54,6 @@ void order_tabs(std::span<Row const> rows) {
             ((*fEditor).*row.button).TabIndex = place++;
         if (row.scroll)
             ((*fEditor).*row.scroll).TabIndex = place++;
-        if (row.list)
-            ((*fEditor).*row.list).TabIndex = place++;
     }
 }
 
@@ -118,6 +116,9 @@ void prepare_list(PanelRow const& row) {
     constexpr int most_items = 8;
     auto& list = (*fEditor).*row.list;
     auto const& editor = editor_of(row.row);
+    // Tab goes on from an open list as from its editor, also where rows share the list.
+    int const place = editor.TabIndex;
+    list.TabIndex = list.TabIndex < place ? place : place + 1;
     list.Left = fEditor->proPic.Left + editor.Left;
     list.Width = editor.Width + (row.row == Row::link ? 0 : wider);
     place_pop_up(list, row.row, std::clamp(list.ListCount(), 1, most_items) * item_height + 60);

@@ -79,6 +79,14 @@ bool agree_on(Comparable const& property, std::vector<int> const& numbers) {
                            : agree(numbers, std::string("StartValue"), property.text);
 }
 
+/// The property that a row shows; null for a row without a key.
+Comparable const* comparable_of(Row row) {
+    for (auto const& property : comparables)
+        if (property.row == row)
+            return &property;
+    return nullptr;
+}
+
 /// How many fields of each kind are selected. The two kinds of text field count as one.
 struct Counts {
     int titles = 0, texts = 0, checks = 0, options = 0, drop_downs = 0, images = 0, files = 0;
@@ -169,25 +177,38 @@ std::vector<int> fields_with(Row row, std::vector<int> numbers) {
     return numbers;
 }
 
+/// The selected fields whose values a row compares: those of its key are all, other rows go by the
+/// fields that have them.
+std::vector<int> compared_fields(Row row, std::vector<int> const& numbers) {
+    return comparable_of(row) ? numbers : fields_with(row, numbers);
+}
+
+bool agree_in(Row row, std::vector<int> const& compared) {
+    if (auto const* const property = comparable_of(row))
+        return agree_on(*property, compared);
+    return agree(compared, std::string("StartValue"),
+                 [row](Field& one) { return row_text(row, one); });
+}
+
+void fill_common_row(Row row, std::vector<int> const& numbers) {
+    auto const compared = compared_fields(row, numbers);
+    bool const agreed = !compared.empty() && agree_in(row, compared);
+    if (agreed || (!comparable_of(row) && !compared.empty()))
+        fill_row(row, field(compared.front())); // with the lists to choose from, in any case
+    else if (row == Row::value)
+        fEditor->lst_value.Clear();
+    else if (row == Row::list)
+        fEditor->lst_list.Clear();
+    if (!agreed)
+        show_difference(row);
+}
+
 void fill_common_values(std::vector<int> const& numbers) {
     PanelUpdate const filling;
     for (auto const& property : comparables)
-        if (!numbers.empty() && agree_on(property, numbers))
-            fill_row(property.row, field(numbers.front()));
-        else
-            show_difference(property.row);
-    for (auto const row : rows_without_key) {
-        auto const having = fields_with(row, numbers);
-        auto const text = [row](Field& one) { return row_text(row, one); };
-        if (!having.empty())
-            fill_row(row, field(having.front())); // the lists to choose from, in any case
-        else if (row == Row::value)
-            fEditor->lst_value.Clear();
-        else if (row == Row::list)
-            fEditor->lst_list.Clear();
-        if (having.empty() || !agree(having, std::string("StartValue"), text))
-            show_difference(row);
-    }
+        fill_common_row(property.row, numbers);
+    for (auto const row : rows_without_key)
+        fill_common_row(row, numbers);
 }
 
 /// One line of the card, column by column or row by row, that fields occupy.
@@ -256,13 +277,10 @@ bool all_same(std::string_view key) {
 }
 
 std::string common_text(Row row) {
-    auto const selected = selected_fields();
-    auto const having = fields_with(row, selected);
-    auto const& asked = having.empty() ? selected : having;
-    auto const text = [row](Field& one) { return row_text(row, one); };
-    if (asked.empty() || !agree(asked, std::string("StartValue"), text))
+    auto const compared = compared_fields(row, selected_fields());
+    if (compared.empty() || !agree_in(row, compared))
         return {};
-    return row_text(row, field(asked.front()));
+    return row_text(row, field(compared.front()));
 }
 
 void set_pro() {

@@ -7,14 +7,13 @@
 #include "links/link_engine.h"
 #include "model/card.h"
 #include "model/session.h"
-#include "model/settings.h"
 #include "panel/selection_rows.h"
 #include "platform/system.h"
-#include "surface/frames.h"
 #include "surface/grid.h"
 #include "surface/visuals.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace kehystin {

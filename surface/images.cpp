@@ -115,7 +115,7 @@ void paint_stretched(PictureBox& picture) {
 
 void refresh_image(int number) {
     auto const& one = field(number);
-    if (one.style != static_cast<int>(Style::IMG))
+    if (one.style != static_cast<int>(Style::IMG) || !fCard->img.has(number))
         return;
     auto& box = fCard->img(number);
     auto const fitted = painted_picture(box);
@@ -146,12 +146,10 @@ void show_scaled(int number) {
     }
     box.Cls();
     box.Picture = picture;
-    if (one.scaling == 1)
-        paint_stretched(box);
-    else if (one.scaling == 2)
-        box.AutoSize = true;
-    else if (one.scaling == 3)
+    if (one.scaling == 3)
         paint_fitted(box, picture);
+    else
+        apply_scaling(box, one.scaling);
 }
 
 void remove_image(int number) {

@@ -139,9 +139,9 @@ constexpr auto line_table =
     joined(control_rows, own(entry<&Line::X1>("X1"), entry<&Line::Y1>("Y1"), entry<&Line::X2>("X2"),
                              entry<&Line::Y2>("Y2"), entry<&Line::BorderColor>("BorderColor")));
 constexpr auto timer_table = joined(control_rows, own(entry<&Timer::Interval>("Interval")));
-constexpr auto menu_table =
-    joined(control_rows, own(entry<&Menu::Caption>("Caption"), entry<&Menu::Checked>("Checked"),
-                             entry<&Menu::Shortcut>("Shortcut")));
+constexpr auto menu_table = joined(
+    control_rows, own(entry<&Menu::Caption>("Caption"), entry<&Menu::UseMnemonic>("UseMnemonic"),
+                      entry<&Menu::Checked>("Checked"), entry<&Menu::Shortcut>("Shortcut")));
 constexpr auto status_bar_table =
     joined(control_rows, text_rows, own(entry<&StatusBar::Align>("Align")));
 constexpr auto form_table =

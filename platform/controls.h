@@ -4,6 +4,7 @@
 
 #include "platform/control.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -269,6 +270,8 @@ class ScrollBar : public Control {
     Property<int> LargeChange{*this, 1};
 
     Event Change;
+    /// Asked before a user moves the bar; false leaves it where it stands.
+    std::function<bool()> QueryScroll;
 
     ControlClass control_class() const override { return ControlClass::scroll_bar; }
     std::span<PropertyEntry const> properties() const override;
@@ -337,6 +340,8 @@ class Menu : public Control {
         leave_tab_order();
     }
     Property<std::string> Caption{*this};
+    /// Whether '&' in the caption marks an access key; otherwise it stands for itself.
+    Property<bool> UseMnemonic{*this, true};
     Property<bool> Checked{*this, false};
     /// "Ctrl+S" or "F6"; empty without one.
     Property<std::string> Shortcut{*this};

@@ -36,7 +36,9 @@ std::string error_text(ErrorNumber number) {
     return "Sovelluksen määrittämä virhe";
 }
 
-RuntimeError::RuntimeError(ErrorNumber number)
-    : std::runtime_error(error_text(number)), number_(number) {}
+RuntimeError::RuntimeError(ErrorNumber number) : RuntimeError(number, error_text(number)) {}
+
+RuntimeError::RuntimeError(ErrorNumber number, std::string const& text)
+    : std::runtime_error(text), number_(number) {}
 
 } // namespace platform

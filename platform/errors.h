@@ -32,6 +32,8 @@ class RuntimeError : public std::runtime_error {
   public:
     explicit RuntimeError(ErrorNumber number);
     explicit RuntimeError(int number) : RuntimeError(static_cast<ErrorNumber>(number)) {}
+    /// With a text that says more than the number's own.
+    RuntimeError(ErrorNumber number, std::string const& text);
 
     int number() const { return static_cast<int>(number_); }
     bool is(ErrorNumber number) const { return number_ == number; }

@@ -39,6 +39,16 @@ struct CommonDialog {
     std::string Filter;
     int FilterIndex = 0;
     int Flags = 0;
+    /// The folder that the dialog starts in; empty for the one that the last dialog ended in.
+    std::string InitDir = {};
+};
+
+/// A window's outer place and size, in twips.
+struct Bounds {
+    double left = 0;
+    double top = 0;
+    double width = 0;
+    double height = 0;
 };
 
 struct ScreenMetrics {
@@ -69,7 +79,10 @@ class Host {
 
     // Boxes. They return when the user has answered.
     virtual Answer MsgBox(std::string_view text, int flags, std::string_view title) = 0;
-    /// Empty when cancelled.
+    /// What the message boxes that follow are not to cover, as far as the screen has room beside
+    /// it; none for no wish. May be ignored.
+    virtual void keep_in_sight(std::vector<Control const*>) {}
+    /// One line of text; empty when cancelled.
     virtual std::string InputBox(std::string_view prompt, std::string_view title,
                                  std::string_view default_text) = 0;
     /// The chosen path. A cancelled dialog raises `cancelled`.
@@ -86,13 +99,16 @@ class Host {
     virtual bool accepts_font(std::string_view name) const = 0;
     /// Pixels.
     virtual Size measure_text(Font const& font, std::string_view text) const = 0;
-    /// Raises file_not_found, or invalid_picture for a file that is no picture.
+    /// Raises file_not_found, or invalid_picture for a file that cannot be shown; the error's text
+    /// says why: no picture, too large, no converter for its kind.
     virtual Picture LoadPicture(std::string const& path) = 0;
 
     // The machine.
     virtual ScreenMetrics metrics() const = 0;
     /// The size inside a form's frame, caption and menu bar, in twips.
     virtual Size inner_size(Form const& form) const;
+    /// Where a form stands, and how large it is, when it is neither maximised nor minimised.
+    virtual Bounds normal_bounds(Form const& form) const;
     virtual Date now() const = 0;
     /// The button number 1 of the mouse is down at this moment.
     virtual bool left_button_down() const = 0;
@@ -103,6 +119,8 @@ class Host {
     virtual std::string settings_folder() const = 0;
     virtual std::string program_folder() const = 0;
     virtual std::string command_line() const = 0;
+    /// A path that means the same file from any folder. A host without folders gives it as written.
+    virtual std::string absolute_path(std::string const& path) const { return path; }
     /// Opens a page of a help file; false when nothing can show it.
     virtual bool open_help(std::string const& file, std::string const& topic) = 0;
     virtual bool open_link(std::string const& target) = 0;

@@ -64,14 +64,6 @@ void replace_selection(TextBox& box, std::string_view text) {
     box.replace_text(head + std::string(text) + tail, start + static_cast<int>(Len(text)));
 }
 
-/// A box of one line takes a line break as a blank.
-std::string in_one_line(std::string_view text) {
-    auto line = Replace(text, "\r\n", " ");
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    return line;
-}
-
 void type_character(Control& control, char32_t key, std::string_view utf8) {
     char32_t const pressed = key;
     if (control.KeyPress)
@@ -279,7 +271,10 @@ void pick(ListControl& list, int index) {
 
 void scroll(ScrollBar& bar, int value) {
     require_reachable(bar);
-    System::at_edge([&] { bar.Value = value; });
+    System::at_edge([&] {
+        if (!bar.QueryScroll || bar.QueryScroll())
+            bar.Value = value;
+    });
 }
 
 void mouse_press(Form& form, double x, double y, bool modifier, int button) {

@@ -38,6 +38,10 @@ Size Host::inner_size(Form const& form) const {
             form.Height - (frames + heading) * screen.TwipsPerPixelY};
 }
 
+Bounds Host::normal_bounds(Form const& form) const {
+    return {form.Left, form.Top, form.Width, form.Height};
+}
+
 void Host::End() {
     ending();
     throw SessionEnd{};

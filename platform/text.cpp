@@ -1,5 +1,6 @@
 #include "platform/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -152,6 +153,13 @@ std::string Replace(std::string_view text, std::string_view from, std::string_vi
     }
     out += text.substr(start);
     return out;
+}
+
+std::string in_one_line(std::string_view text) {
+    auto line = Replace(text, line_break, " ");
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    return line;
 }
 
 std::string file_part(std::string_view path) {

@@ -34,6 +34,9 @@ std::string Left(std::string_view utf8, std::size_t count);
 /// Replaces every occurrence of `from`.
 std::string Replace(std::string_view text, std::string_view from, std::string_view to);
 
+/// Each line break (CR, LF or both together) becomes one blank.
+std::string in_one_line(std::string_view text);
+
 inline bool contains(std::string_view text, std::string_view part) {
     return text.find(part) != std::string_view::npos;
 }

@@ -9,6 +9,25 @@
 
 namespace kehystin {
 
+namespace {
+
+/// Of a maximised window the place that it goes back to.
+void note_window_place() {
+    auto const place = host().normal_bounds(*fEditor);
+    settings.windowLeft = to_single(place.left);
+    settings.windowTop = to_single(place.top);
+    settings.windowWidth = to_single(place.width);
+    settings.windowHeight = to_single(place.height);
+}
+
+bool ends_without_settings() {
+    return MsgBox(lines({" Asetuksia ei voitu tallentaa.     ", "",
+                         " Lopetetaanko ohjelma tallentamatta asetuksia?     "}),
+                  box::question + box::yes_no, " Asetukset tallentamatta") == Answer::yes;
+}
+
+} // namespace
+
 void cmd_lopeta_Click() {
     int step = 1;
     try {
@@ -17,18 +36,17 @@ void cmd_lopeta_Click() {
                    box::question + box::yes_no, " Korttimalli tallentamatta") == Answer::yes)
             cmdTallenna_Click();
         step = 2;
-        settings.windowLeft = to_single(fEditor->Left);
-        settings.windowTop = to_single(fEditor->Top);
-        settings.windowWidth = to_single(fEditor->Width);
-        settings.windowHeight = to_single(fEditor->Height);
+        note_window_place();
         step = 3;
         WriteSettings();
         step = 4;
-        host().End();
     } catch (RuntimeError const& error) {
         standard_report(" Kehystimestä poistuminen aiheutti virheen     ", error,
                         " [P: " + std::to_string(step) + "]    ");
+        if (step == 1 || !ends_without_settings())
+            return;
     }
+    host().End();
 }
 
 void MDIForm_QueryUnload(bool user, bool& cancel) {

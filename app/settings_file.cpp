@@ -5,6 +5,7 @@
 #include "platform/files.h"
 #include "platform/host.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 
@@ -68,6 +69,16 @@ void report(RuntimeError const& error) {
            box::warning, " Tiedoksi");
 }
 
+/// Takes over what was read, however much it is.
+void take_repaired(std::span<std::byte const> record) {
+    if (record.empty())
+        return;
+    take_settings_record(settings, record);
+    auto const screen = host().metrics();
+    repair_settings(settings, screen.width * screen.TwipsPerPixelX,
+                    screen.height * screen.TwipsPerPixelY);
+}
+
 std::string file_path() {
     return session.windowsDir + std::string(file_name);
 }
@@ -87,10 +98,13 @@ std::vector<std::byte> settings_record(Settings const& from) {
 void take_settings_record(Settings& to, std::span<std::byte const> bytes) {
     for (auto const& member : settings_members())
         for (int i = 0; i < member.count; ++i) {
-            auto const size = static_cast<std::size_t>(member.bytes);
-            if (bytes.size() < size)
+            auto const ref = member.ref(to, i);
+            auto size = static_cast<std::size_t>(member.bytes);
+            if (std::holds_alternative<FixedTextRef>(ref))
+                size = std::min(size, bytes.size()); // the beginning of a text is a text
+            if (bytes.size() < size || bytes.empty())
                 return;
-            take_member(member.ref(to, i), bytes.first(size));
+            take_member(ref, bytes.first(size));
             bytes = bytes.subspan(size);
         }
 }
@@ -116,15 +130,15 @@ void repair_settings(Settings& record, double screen_width, double screen_height
 }
 
 bool ReadSettings() {
+    std::vector<std::byte> record;
     try {
         if (!file_exists(file_path()))
             return false;
-        take_settings_record(settings, read_record(file_path(), settings_bytes));
-        auto const screen = host().metrics();
-        repair_settings(settings, screen.width * screen.TwipsPerPixelX,
-                        screen.height * screen.TwipsPerPixelY);
+        read_record(file_path(), settings_bytes, record);
+        take_repaired(record);
         return true;
     } catch (RuntimeError const& error) {
+        take_repaired(record);
         report(error);
         return false;
     }

@@ -19,7 +19,8 @@ void WriteSettings();
 /// The record's bytes, little-endian, without a header.
 std::vector<std::byte> settings_record(Settings const& from);
 
-/// Takes over as many whole members as the bytes hold; the rest stays as it is.
+/// Takes over as many members as the bytes hold, of a text that is cut off the part that is there;
+/// the rest stays as it is.
 void take_settings_record(Settings& to, std::span<std::byte const> bytes);
 
 /// Puts members outside their range, and a window that does not fit the screen, back to what can

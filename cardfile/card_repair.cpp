@@ -27,6 +27,11 @@ void store_number(MemberRef const& member, double number) {
         *std::get<Integer*>(member) = Integer(number);
 }
 
+/// A number beyond a double has no digits of its own: its row shows what is written.
+std::string shown_number(double number, std::string_view value) {
+    return std::isfinite(number) ? Format(number) : from_code_page(trimmed_view(value));
+}
+
 Date judged_date(std::string_view value) {
     auto const date = read_date(from_code_page(value));
     return date && *date <= Today() ? *date : Today();
@@ -79,18 +84,22 @@ void CardRepair::store_picture(std::string_view value) {
 
 double CardRepair::repaired_number(std::string_view value, Judged judged, Repair const& repair,
                                    RowHeads const& heads) {
-    double number = round_to_even(Val(value));
-    bool const is_guarded = judged == Judged::guarded || judged == Judged::twips;
-    if (is_guarded && std::fabs(number) > 32767) {
+    // Judged as it is written: only what stands is rounded, when it is stored.
+    double number = Val(value);
+    if (judged != Judged::number && std::fabs(number) > 32767) {
         if (!repair.beyond_label.empty()) {
-            add_row(std::string(repair.beyond_label) + Format(number) + std::string(repair.tail));
+            add_row(std::string(repair.beyond_label) + shown_number(number, value) +
+                    std::string(repair.tail));
             return repair.repaired;
         }
         number = beyond_integers;
     }
     double const highest =
         repair.highest + (repair.highest_of_card ? repair.highest_of_card(card) : 0);
-    if (number >= repair.lowest && number <= highest)
+    bool const stands = judged == Judged::guarded_flag
+                            ? number == 0 || number == -1
+                            : number >= repair.lowest && number <= highest;
+    if (stands)
         return number;
     if (!repair.label.empty())
         add_row(heads.of_number + std::string(repair.label) + Format(number) +
@@ -118,8 +127,9 @@ void CardRepair::store(CardMember const& member, int element, std::string_view v
         break;
     }
     case Judged::highest: {
-        double const number = Val(value);
-        real(ref) = number > card.asiakasMin ? to_single(number) : card.asiakasMin + 100;
+        // As both are stored: two numbers may be one in 32 bits.
+        float const number = to_single(Val(value));
+        real(ref) = number > card.asiakasMin ? number : card.asiakasMin + 100;
         break;
     }
     case Judged::date:
@@ -148,7 +158,7 @@ void CardRepair::store(FieldMember const& member, int number, std::string_view v
         store_number(ref, Val(value));
         break;
     case Judged::any_flag:
-        store_number(ref, round_to_even(Val(value)));
+        store_number(ref, Val(value));
         break;
     default:
         store_number(ref, repaired_number(value, member.judged, member.repair, heads));

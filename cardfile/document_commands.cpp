@@ -21,11 +21,13 @@
 #include "model/default_looks.h"
 #include "model/session.h"
 #include "model/settings.h"
+#include "platform/files.h"
 #include "platform/host.h"
 #include "surface/frames.h"
 #include "surface/grid.h"
 #include "surface/load_card.h"
 #include "surface/rebuild.h"
+#include "surface/record_watch.h"
 
 #include <utility>
 
@@ -85,10 +87,10 @@ void bring_up_new_card() {
 }
 
 void ask_name() {
-    auto const answer =
+    auto const answer = in_one_line(
         InputBox(lines({"Anna korttimallille kuvaava nimi.", "", "Tiedosto tulee näkymään kortti-",
                         "mallien listalla antamallasi nimellä."}),
-                 " Uusi korttimalli", "Uusi");
+                 " Uusi korttimalli", "Uusi"));
     if (!answer.empty())
         fEditor->txt_name.Text = answer;
 }
@@ -135,8 +137,13 @@ void new_card(int& step) {
 
 /// What the user chooses to open. Empty when it is nothing.
 std::string choose_file() {
-    return host().ShowOpen(
-        {".krt", "Korttimallit (*.krt)|*.krt|Kaikki tiedostot (*.*)|*.*", 0, 4102});
+    return host().ShowOpen({".krt", "Korttimallit (*.krt)|*.krt|Kaikki tiedostot (*.*)|*.*", 0,
+                            4102, open_card_folder()});
+}
+
+/// A file that the program was started with may be named from the folder of that moment.
+std::string full_name(std::string const& start_file) {
+    return names_a_file(start_file) ? host().absolute_path(start_file) : start_file;
 }
 
 /// Reads cardFile into the records. When it is refused the records of the open card come back, so
@@ -159,7 +166,7 @@ void open_card(int& step) {
                         box::warning + box::yes_no))
         return;
     step = 2;
-    auto const chosen = start_file.empty() ? choose_file() : start_file;
+    auto const chosen = start_file.empty() ? choose_file() : full_name(start_file);
     if (chosen.empty())
         return;
     session.cardFile = chosen;
@@ -211,8 +218,10 @@ void save_card(int& step) {
     if (session.needNewID)
         card.ID = GetNewID();
     step = 8;
-    if (!SaveCardFile())
+    if (!SaveCardFile()) {
+        MarkCardChanged(); // the old contents may be gone, and then only this card has them
         return;
+    }
     show_file_in_title();
     step = 9;
     clear_card_changed();
@@ -261,17 +270,20 @@ void cmd_open_Click() {
 }
 
 void cmdTallenna_Click() {
+    RecordWatch const watch;
     run_command(save_card, [](RuntimeError const& error, int step) {
         standard_report(" Korttimallin tallentaminen aiheutti virheen     ", error,
                         lines({"  (S" + std::to_string(step) + ")     ",
                                " Korttimallin tallentaminen on keskeytetty.     "}));
     });
+    watch.refresh();
 }
 
 void cmdTallennaNimella_Click() {
     try {
         auto const chosen = host().ShowSave(
-            {".krt", "Korttimalli tiedostot (*.krt)|*.krt|Kaikki tiedostot (*.*)|*.*", 0, 6150});
+            {".krt", "Korttimalli tiedostot (*.krt)|*.krt|Kaikki tiedostot (*.*)|*.*", 0, 6150,
+             open_card_folder()});
         if (chosen.empty())
             return;
         session.cardFile = chosen;

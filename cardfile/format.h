@@ -24,19 +24,20 @@ enum class Written {
 
 /// What the reader does with a value before it is stored. Most are a range, see Repair.
 enum class Judged {
-    text,     ///< cut to the member's length, with a row in the report
-    number,   ///< repaired outside the range
-    guarded,  ///< the same; beyond 16 bits it counts as a number out of every range
-    any_flag, ///< -1 for anything but 0
-    flag,     ///< repaired outside the range, then -1 for anything but 0
-    colour,   ///< any 32-bit number
-    picture,  ///< must exist; "+" stands for the card's folder
-    id,       ///< exactly 20 characters, or empty
-    lowest,   ///< asiakasMin
-    highest,  ///< asiakasMax, above asiakasMin
-    date,     ///< not after today
-    font,     ///< must be one that the sample label takes
-    twips,    ///< the screen's twips per pixel replace a number outside the range
+    text,         ///< cut to the member's length, with a row in the report
+    number,       ///< repaired outside the range
+    guarded,      ///< the same; beyond 16 bits it counts as a number out of every range
+    guarded_flag, ///< guarded, and neither 0 nor -1 is repaired
+    any_flag,     ///< -1 for anything but 0
+    flag,         ///< repaired outside the range, then -1 for anything but 0
+    colour,       ///< any 32-bit number
+    picture,      ///< must exist; "+" stands for the card's folder
+    id,           ///< exactly 20 characters, or empty
+    lowest,       ///< asiakasMin
+    highest,      ///< asiakasMax, above asiakasMin
+    date,         ///< not after today
+    font,         ///< must be one that the sample label takes
+    twips,        ///< the screen's twips per pixel replace a number outside the range
 };
 
 /// The range of a number, what replaces one outside it, and the row that tells of it. Without a

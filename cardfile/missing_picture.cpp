@@ -2,6 +2,7 @@
 
 #include "commands/failure_report.h"
 #include "model/card.h"
+#include "model/session.h"
 #include "platform/files.h"
 #include "platform/host.h"
 
@@ -37,7 +38,8 @@ bool find_missing_picture(std::string missing) {
             return true;
         }
         // A cancelled dialog raises, and so gives up the whole opening.
-        auto const chosen = host().ShowOpen({"*.*", "Kaikki tiedostot (*.*)|*.*", 0, 6148});
+        auto const chosen =
+            host().ShowOpen({"*.*", "Kaikki tiedostot (*.*)|*.*", 0, 6148, session.cardFolder});
         if (chosen.empty())
             return false;
         card.picture = Trim(chosen);

@@ -1,5 +1,6 @@
 #include "cardfile/save_checks.h"
 
+#include "commands/document_state.h"
 #include "commands/failure_report.h"
 #include "forms/card_form.h"
 #include "model/card.h"
@@ -45,9 +46,25 @@ void unmark(Numbers const& marked) {
     }
 }
 
+/// Keeps the box from covering the fields that it speaks of, while it lives.
+class InSight {
+  public:
+    explicit InSight(Numbers const& marked) {
+        std::vector<Control const*> objects;
+        for (int const number : marked)
+            if (auto const* const object = fCard->visual_of(number))
+                objects.push_back(object);
+        host().keep_in_sight(std::move(objects));
+    }
+    ~InSight() { host().keep_in_sight({}); }
+    InSight(InSight const&) = delete;
+    InSight& operator=(InSight const&) = delete;
+};
+
 /// Asks about the marked fields.
 Answer ask(Numbers const& marked, std::string_view text, int flags, std::string_view title) {
     mark(marked);
+    InSight const in_sight(marked);
     auto const answer = MsgBox(text, flags, title);
     unmark(marked);
     return answer;
@@ -107,6 +124,7 @@ bool chk_nolink() {
         return false;
     for (int const number : found)
         field(number).value = "NOLINK";
+    MarkCardChanged(); // also where the save ends without a file
     return true;
 }
 

@@ -26,4 +26,8 @@ void clear_card_changed() {
     set_modified(false);
 }
 
+std::string open_card_folder() {
+    return session.cardFormLoaded ? folder_part(session.cardFile) : std::string();
+}
+
 } // namespace kehystin

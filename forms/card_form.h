@@ -7,6 +7,7 @@
 #include "platform/form.h"
 
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace kehystin {
@@ -37,6 +38,9 @@ class CardForm : public Form {
     PictureBox tmpImg{this, "tmpImg"};
     Timer focusTimer{this, "focusTimer", 20, false};
     Timer resizeTimer{this, "resizeTimer", 50, false};
+
+    /// The path of a background picture that could not be shown; the card stands without it.
+    std::string picture_left_out;
 
     /// Where a press on a field happened: twips from the field's corner, or pixels on the surface
     /// for a field that was pressed through it.

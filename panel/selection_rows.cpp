@@ -211,6 +211,13 @@ void fill_common_values(std::vector<int> const& numbers) {
         fill_common_row(row, numbers);
 }
 
+/// Lists to choose from hang on more of a record than the text that stands in their row.
+bool says_other(Row row, Field before, Field now) {
+    if (row == Row::value || row == Row::list)
+        return before.value != now.value || before.list != now.list;
+    return row_text(row, before) != row_text(row, now);
+}
+
 /// One line of the card, column by column or row by row, that fields occupy.
 class Occupancy {
   public:
@@ -276,11 +283,28 @@ bool all_same(std::string_view key) {
     return true;
 }
 
-std::string common_text(Row row) {
+bool selection_agrees_in(Row row) {
     auto const compared = compared_fields(row, selected_fields());
-    if (compared.empty() || !agree_in(row, compared))
+    return !compared.empty() && agree_in(row, compared);
+}
+
+void refill_changed_rows(std::vector<Field> const& before) {
+    auto const numbers = selected_fields();
+    PanelUpdate const filling;
+    for (auto const& row : panel_rows()) {
+        bool const changed = std::any_of(numbers.begin(), numbers.end(), [&](int number) {
+            auto const place = static_cast<std::size_t>(number);
+            return place < before.size() && says_other(row.row, before[place], field(number));
+        });
+        if (changed && editor_of(row.row).Visible)
+            fill_common_row(row.row, numbers);
+    }
+}
+
+std::string common_text(Row row) {
+    if (!selection_agrees_in(row))
         return {};
-    return row_text(row, field(compared.front()));
+    return row_text(row, field(compared_fields(row, selected_fields()).front()));
 }
 
 void set_pro() {

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "forms/panel_rows.h"
+#include "model/card.h"
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kehystin {
 
@@ -17,6 +19,13 @@ void set_pro();
 /// True when all selected fields have the same value of the property that the key names, such as
 /// "LEFT" or "FONTNAME"; also for an unknown key, and for less than two fields.
 bool all_same(std::string_view key);
+
+/// Fills the rows that say something else of the selected fields than they would of the records as
+/// they were `before`, by number.
+void refill_changed_rows(std::vector<Field> const& before);
+
+/// True when a row shows one value for all selected fields: they agree in it.
+bool selection_agrees_in(Row row);
 
 /// What a row shows of the selected fields: the text on which those agree that have the row, or
 /// nothing.

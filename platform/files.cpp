@@ -193,13 +193,13 @@ void OutputFile::close() {
     file.close();
 }
 
-std::vector<std::byte> read_record(std::string const& path, std::size_t size) {
+void read_record(std::string const& path, std::size_t size, std::vector<std::byte>& record) {
     Descriptor file(open_file(path, O_RDONLY));
     host().before_file_operation();
-    std::vector<std::byte> record(size);
-    record.resize(read_some(file.number(), reinterpret_cast<char*>(record.data()), size));
+    std::vector<std::byte> read(size);
+    read.resize(read_some(file.number(), reinterpret_cast<char*>(read.data()), size));
+    record = std::move(read);
     file.close();
-    return record;
 }
 
 void write_record(std::string const& path, std::vector<std::byte> const& record) {

@@ -63,8 +63,9 @@ class OutputFile {
     int descriptor_ = -1;
 };
 
-/// The first `size` bytes of a file, or fewer where the file ends earlier.
-std::vector<std::byte> read_record(std::string const& path, std::size_t size);
+/// Reads the first `size` bytes of a file, or fewer where the file ends earlier, into `record`.
+/// What was read stays there when the closing raises.
+void read_record(std::string const& path, std::size_t size, std::vector<std::byte>& record);
 /// Puts a record at the start of a file, which is made if it does not exist; what the file holds
 /// behind the record stays.
 void write_record(std::string const& path, std::vector<std::byte> const& record);

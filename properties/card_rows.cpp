@@ -27,7 +27,7 @@ void show_picture_name() {
 void txt_name_Change() {
     if (session.pro_updating || !session.cardFormLoaded)
         return;
-    card.name = Trim(fEditor->txt_name.Text.get());
+    card.name = Trim(in_one_line(fEditor->txt_name.Text.get()));
     fCard->Caption = " " + card.name.trimmed();
     finish_change(Links::keep);
 }

@@ -30,9 +30,9 @@ std::string joined_items() {
     return joined;
 }
 
-/// With the characters that a record can hold.
+/// With the characters that a record can hold; a line break would end its line in the file.
 std::string as_stored(std::string_view text) {
-    return from_code_page(to_code_page(text));
+    return from_code_page(to_code_page(in_one_line(text)));
 }
 
 void show_in_rows(Field* first) {
@@ -172,11 +172,10 @@ bool UpdateCombo(Overlong overlong) {
     auto const joined = joined_items();
     Field* first = nullptr;
     change_selected(Links::keep, [&](int i, Field& one) {
-        if (one.style != static_cast<int>(Style::CMB))
-            return; // several drop-downs may stand selected beside file lists
         one.list = joined;
         show_list(i);
-        first = first ? first : &one;
+        if (one.style == static_cast<int>(Style::CMB) && !first)
+            first = &one;
     });
     show_in_rows(first);
     auto const length = Len(joined);

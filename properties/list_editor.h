@@ -22,7 +22,8 @@ void bot_list_KeyPress(char32_t& key);
 /// What happens when the joined items are longer than a record holds.
 enum class Overlong { warn, cut_silently };
 
-/// Carries the items to the records of all selected drop-downs, to their objects and to the panel.
+/// Carries the items to the records of all selected fields, to the objects of drop-downs and to the
+/// panel.
 /// False, after a warning, when the record could not hold all of them.
 bool UpdateCombo(Overlong overlong);
 

@@ -184,7 +184,7 @@ void show_chosen_picture(int number, std::string const& path) {
 
 std::string choose_picture() {
     try {
-        return host().ShowOpen({".bmp", std::string(picture_filter), 0, 0});
+        return host().ShowOpen({".bmp", std::string(picture_filter), 0, 0, open_card_folder()});
     } catch (RuntimeError const& error) {
         if (error.is(ErrorNumber::cancelled))
             return {};

@@ -32,14 +32,24 @@ class Sizing {
 };
 
 /// A missing picture is passed over in silence.
-Picture background(Picture const& standing) {
+Picture picture_of_card(Background const& known, std::string* fault) {
     auto const path = card.picture.trim();
-    if (!standing.empty() && standing.name() == path)
-        return standing;
-    return names_a_file(path) ? LoadPicture(path) : Picture();
+    if (path == known.left_out)
+        return {};
+    if (!known.standing.empty() && known.standing.name() == path)
+        return known.standing;
+    if (!names_a_file(path))
+        return {};
+    try {
+        return with_memory_checked([&] { return LoadPicture(path); });
+    } catch (RuntimeError const& error) {
+        if (fault)
+            *fault = error.text();
+        throw;
+    }
 }
 
-void open_window(Picture const& standing) {
+void open_window(Background const& background, std::string* picture_fault) {
     unload_card_form();
     Sizing const sizing;
     fCard = std::make_unique<CardForm>();
@@ -51,7 +61,8 @@ void open_window(Picture const& standing) {
     fCard->Width = card.width * screen.TwipsPerPixelX;
     fCard->Height = card.height * screen.TwipsPerPixelY;
     size_card_frame(card.width, card.height);
-    fCard->Picture = background(standing);
+    fCard->Picture = picture_of_card(background, picture_fault);
+    fCard->picture_left_out = background.left_out;
 }
 
 void build_fields() {
@@ -76,8 +87,8 @@ void apply_tab_order() {
             fCard->visual(kind->style, number).TabIndex = int{field(number).tabIndex};
 }
 
-void build_surface(Picture const& standing) {
-    open_window(standing);
+void build_surface(Background const& background, std::string* picture_fault) {
+    open_window(background, picture_fault);
     fEditor->cmb_field.Clear();
     fEditor->cmb_field.AddItem("Kortti");
     build_fields();
@@ -93,11 +104,11 @@ void build_surface(Picture const& standing) {
 
 } // namespace
 
-bool load_card(Picture const& standing) {
+bool load_card(Background const& background, std::string* picture_fault) {
     PanelUpdate const rebuilding;
     Hourglass const pointer;
     try {
-        with_memory_checked([&] { build_surface(standing); });
+        with_memory_checked([&] { build_surface(background, picture_fault); });
         return true;
     } catch (RuntimeError const& error) {
         // Half a surface would show a card that nobody could save.

@@ -3,19 +3,36 @@
 #include "commands/bars.h"
 #include "commands/command_state.h"
 #include "commands/document_state.h"
+#include "commands/failure_report.h"
 #include "commands/status_bar.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "panel/rows.h"
+#include "platform/host.h"
 #include "surface/grid.h"
 #include "surface/load_card.h"
 
 namespace kehystin {
 
+namespace {
+
+bool goes_on_without_picture(std::string const& path, std::string const& fault) {
+    return MsgBox(lines({" Korttimallin taustakuvaa ei voi näyttää:     ", "", " " + path + "     ",
+                         " (" + fault + ")     ", "",
+                         " Näytetäänkö korttimalli ilman taustakuvaa?     ", ""}),
+                  box::question + box::yes_no, " Korttimallin taustakuva") == Answer::yes;
+}
+
+} // namespace
+
 bool show_card() {
-    if (load_card())
+    std::string fault;
+    if (load_card({}, &fault))
+        return true;
+    auto const path = card.picture.trimmed();
+    if (!fault.empty() && goes_on_without_picture(path, fault) && load_card({{}, path}))
         return true;
     show_no_card();
     return false;
@@ -23,8 +40,7 @@ bool show_card() {
 
 bool rebuild() {
     // The picture that stands: its file may have gone bad, and with it the whole card.
-    auto const picture = fCard->Picture.get();
-    if (load_card(picture))
+    if (load_card({fCard->Picture.get(), fCard->picture_left_out}))
         return true;
     show_no_card();
     return false;

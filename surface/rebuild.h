@@ -3,8 +3,9 @@
 
 namespace kehystin {
 
-/// Builds the surface from the records. When that fails, which has been told, the session is left
-/// without a card and the answer is false.
+/// Builds the surface from the records. A background picture that cannot be shown is left out, if
+/// the user wants to go on without it. When the building fails, which has been told, the session is
+/// left without a card and the answer is false.
 bool show_card();
 
 /// Builds the surface of the open card anew, with the background picture that stands. False as

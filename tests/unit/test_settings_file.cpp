@@ -47,6 +47,31 @@ TEST_F(SettingsFile, AShortFileLeavesTheRestAtItsFirstValues) {
     EXPECT_EQ(settings.windowWidth, 1280 * 15 * 4 / 5);
 }
 
+TEST_F(SettingsFile, AFileThatEndsInsideATextGivesThePartThatIsThere) {
+    settings.lastFile[1] = "/kortit/jäsenet.krt";
+    settings.lastFile[2] = "/kortit/laskut.krt";
+    WriteSettings();
+    put_bytes(path(), bytes_of(path()).substr(0, 310 + 7));
+    settings.lastFile[3] = "vanha";
+    ASSERT_TRUE(ReadSettings());
+    EXPECT_EQ(settings.lastFile[1].trimmed(), "/kortit/jäsenet.krt");
+    EXPECT_EQ(settings.lastFile[2].trimmed(), "/kortit");
+    EXPECT_EQ(settings.lastFile[3].trimmed(), "vanha");
+}
+
+TEST_F(SettingsFile, WhatWasReadStaysWhenTheClosingFails) {
+    settings.gridX = 33;
+    settings.guideX = 1;
+    WriteSettings();
+    settings = {};
+    host.fail_file_operation(3, 57);
+    host.answers.push_back(Answer::ok);
+    EXPECT_FALSE(ReadSettings());
+    EXPECT_NE(host.boxes.back().text.find("(57)"), std::string::npos);
+    EXPECT_EQ(settings.gridX, 33);
+    EXPECT_EQ(settings.guideX, 15); // still nothing that cannot stand
+}
+
 TEST_F(SettingsFile, NumbersOutsideTheirRangeAreRepaired) {
     Settings record = settings;
     record.spareFlag1 = 1;

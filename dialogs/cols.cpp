@@ -97,7 +97,7 @@ void Form_Load() {
 void cmd_cols_Click() {
     fEditor->focusTimer.Enabled = false;
     show_dialog(fCols, Form_Load);
-    if (session.dialogCancelled || !rebuild_in_place())
+    if (session.dialogCancelled || !session.cardFormLoaded || !rebuild_in_place())
         return;
     FillLinkList();
     MarkCardChanged();

@@ -125,6 +125,13 @@ void txt_font_Change() {
     center_ots();
 }
 
+/// The box takes the name as the list writes it once nothing more is typed into it.
+void commit_family() {
+    int const index = find_family(comparable(fFont->txt_font.Text.get()));
+    if (index >= 0 && fFont->txt_font.Text.get() != fFont->lst_font.List(index))
+        fFont->lst_font.ListIndex = index;
+}
+
 void txt_size_Change() {
     if (session.pro_updating)
         return;
@@ -167,6 +174,7 @@ void FC_Click() {
 }
 
 void cmd_ok_Click() {
+    commit_family();
     upd_field(target());
     fFont->Close();
 }
@@ -187,6 +195,7 @@ void wire() {
     form.lst_style.Click = lst_style_Click;
     form.lst_size.Click = lst_size_Click;
     form.txt_font.Change = txt_font_Change;
+    form.txt_font.LostFocus = commit_family;
     form.txt_style.Change = txt_style_Change;
     form.txt_size.Change = txt_size_Change;
     form.BC.Click = BC_Click;

@@ -45,12 +45,14 @@ void store() {
 
 void cmdOK_Click() {
     try {
-        store();
+        if (session.cardFormLoaded) {
+            store();
+            MarkCardChanged();
+        }
     } catch (RuntimeError const& error) {
         standard_report(" Kenttämääritysten tallentaminen aiheutti virheen     ", error);
         return;
     }
-    MarkCardChanged();
     fSpeciField->Close();
 }
 

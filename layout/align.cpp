@@ -1,10 +1,11 @@
 #include "layout/align.h"
 
 #include "forms/card_form.h"
-#include "forms/editor_form.h"
+#include "forms/panel_rows.h"
 #include "layout/placing.h"
 #include "model/card.h"
 #include "model/session.h"
+#include "panel/selection_rows.h"
 
 #include <algorithm>
 
@@ -19,54 +20,81 @@ struct Axis {
     Integer Field::*place;
     Integer Field::*size;
     Integer Card::*card_size;
-    TextBox EditorForm::*editor;
+    Row row;
     void (*carry_out)(Places const&);
 };
 
-constexpr Axis across = {&Field::left, &Field::width, &Card::width, &EditorForm::txt_left,
-                         place_lefts};
-constexpr Axis down = {&Field::top, &Field::height, &Card::height, &EditorForm::txt_top,
-                       place_tops};
+constexpr Axis across = {&Field::left, &Field::width, &Card::width, Row::left, place_lefts};
+constexpr Axis down = {&Field::top, &Field::height, &Card::height, Row::top, place_tops};
 
-struct Extent {
-    Integer lowest;
-    Integer highest;
-};
-
-Extent extent_of(std::vector<int> const& selected, Axis const& axis) {
-    Extent extent{card.*axis.card_size, 0};
-    for (int const number : selected) {
-        auto const& one = field(number);
-        extent.lowest = std::min(extent.lowest, one.*axis.place);
-        extent.highest = std::max(extent.highest, one.*axis.place + one.*axis.size);
-    }
-    return extent;
+/// The lowest edge of the selection, at most the card's size.
+Integer lowest_edge(std::vector<int> const& selected, Axis const& axis) {
+    Integer lowest = card.*axis.card_size;
+    for (int const number : selected)
+        lowest = std::min(lowest, field(number).*axis.place);
+    return lowest;
 }
 
-Integer aligned(Extent const& extent, Integer size, Edge edge) {
+Integer highest_edge(std::vector<int> const& selected, Axis const& axis) {
+    Integer highest = 0;
+    for (int const number : selected)
+        highest = std::max(highest, field(number).*axis.place + field(number).*axis.size);
+    return highest;
+}
+
+/// In double precision, for the highest edge of fields that stand far out leaves 16 bits before it
+/// is halved.
+double middle_of(std::vector<int> const& selected, Axis const& axis) {
+    double const lowest = lowest_edge(selected, axis);
+    double highest = 0;
+    for (int const number : selected)
+        highest = std::max(highest, double(field(number).*axis.place) + field(number).*axis.size);
+    return (highest - lowest) / 2 + lowest;
+}
+
+/// New places of the selected fields. Each edge computes no more than it needs, so that a field far
+/// out is in the way of none but its own.
+Places aligned(std::vector<int> const& selected, Axis const& axis, Edge edge) {
+    Places places;
+    auto const place_all = [&](auto const& place_of) {
+        for (int const number : selected)
+            places.emplace_back(number, place_of(field(number).*axis.size));
+    };
     switch (edge) {
     case Edge::lower:
-        return extent.lowest;
+        place_all([lowest = lowest_edge(selected, axis)](Integer) { return lowest; });
+        break;
     case Edge::upper:
-        return extent.highest - size;
-    case Edge::middle:
+        place_all(
+            [highest = highest_edge(selected, axis)](Integer size) { return highest - size; });
+        break;
+    case Edge::middle: // rounded once, at the end
+        place_all([middle = middle_of(selected, axis)](Integer size) {
+            return Integer(middle - size / 2.0);
+        });
         break;
     }
-    // Rounded once, at the end.
-    return Integer((extent.highest - extent.lowest) / 2.0 + extent.lowest - size / 2.0);
+    return places;
+}
+
+/// The row's arrows count on from the place that all fields have now, if they have one.
+void follow_in_scroll_bar(Axis const& axis) {
+    if (!selection_agrees_in(axis.row))
+        return;
+    PanelUpdate const filling;
+    auto const selected = selected_fields();
+    ((*fEditor).*panel_row(axis.row).scroll).Value = -int{field(selected.front()).*axis.place};
 }
 
 void align(Axis const& axis, Edge edge) {
     auto const selected = selected_fields();
-    auto const extent = extent_of(selected, axis);
-    Places places;
-    for (int const number : selected)
-        places.emplace_back(number, aligned(extent, field(number).*axis.size, edge));
+    auto const places = aligned(selected, axis, edge);
     {
         PanelUpdate const filling;
-        ((*fEditor).*axis.editor).Text = edge == Edge::lower ? Format(extent.lowest) : "";
+        editor_of(axis.row).Text = edge == Edge::lower ? Format(lowest_edge(selected, axis)) : "";
     }
     axis.carry_out(places);
+    follow_in_scroll_bar(axis);
     finish_layout();
 }
 

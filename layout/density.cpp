@@ -120,11 +120,10 @@ void cmd_valign_link_Click() {
                box::information + box::ok_cancel, " Linkitettyjen kenttien keskitys");
     if (answer == Answer::cancel)
         return;
-    Places places;
+    // One after the other: a list that is out of date may name a title that has just been moved.
     for (int i = 1; i <= card.fields; ++i)
         if (field(i).is_title() && contains(field(i).list.bytes(), "|"))
-            places.emplace_back(i, field(first_linked(i)).top + title_inset);
-    place_tops(places);
+            place_tops({{i, field(first_linked(i)).top + title_inset}});
     finish_layout();
 }
 

@@ -29,9 +29,11 @@ LinePlace place_of_line(Field const& title, Field const& data) {
     return {x, title.bottom() + 1.0, x, data.top - 1.0};
 }
 
-void draw_line(LinePlace const& place) {
+/// The line is there and counts also where its ends cannot be computed.
+void draw_line(Field const& title, Field const& data) {
     auto& line = fCard->link.Load(session.link_count + 1);
     session.link_count += 1;
+    auto const place = place_of_line(title, data);
     line.X1 = place.x1;
     line.Y1 = place.y1;
     line.X2 = place.x2;
@@ -81,7 +83,7 @@ void link_fields() {
         int const title = find_title(search, j);
         if (title == 0)
             continue;
-        draw_line(place_of_line(field(title), field(j)));
+        draw_line(field(title), field(j));
         record_link(title, j);
     }
 }

@@ -90,6 +90,20 @@ TEST_F(ColumnOrder, RolesAndLinksByHandFollowTheirFields) {
     EXPECT_EQ(card.fldSpeci[6], -3);
 }
 
+TEST_F(ColumnOrder, OtherLinksStayAsTheyAre) {
+    data(0);
+    title("4");
+    data(2); // by geometry, and no list knows of it: a memory
+    data(2);
+    title("");
+    data(5);
+    field(6).linkitys = true; // by hand, to a title that stays out of the order
+    move({2});
+    EXPECT_EQ(captions(), "O2 D4 D1 D3 O5 D6");
+    EXPECT_EQ(field(4).linkki, 2);
+    EXPECT_EQ(field(6).linkki, 5);
+}
+
 TEST_F(ColumnOrder, WhatListsSayWronglyIsPassedOver) {
     title("5|5|0|-1|99999999999|1e400|abc||3|2.0|6");
     data(0);

@@ -76,6 +76,23 @@ TEST_F(Layout, AnOverflowMovesNothing) {
     EXPECT_FALSE(session.cardModified);
 }
 
+TEST_F(Layout, AFarEdgeIsInTheWayOfNoOther) {
+    add_field(Style::TXT, 100, 10, 20, 20);
+    add_field(Style::TXT, 32700, 32000, 100, 2000);
+    build();
+    host.answers.assign(9, Answer::ok); // linking cannot reach so far
+    select({1, 2});
+    cmd_align_center_Click();
+    EXPECT_EQ(field(1).left, 16440); // (32800 - 100) / 2 + 100 - 10
+    cmd_valign_top_Click();
+    EXPECT_EQ(field(2).top, 10);
+    field(2).left = 32700;
+    cmd_align_left_Click();
+    EXPECT_EQ(field(2).left, field(1).left);
+    // The arrows of the row count on from the common place.
+    EXPECT_EQ(fEditor->scr_left.Value, -field(1).left);
+}
+
 TEST_F(Layout, NothingSelectedStillMarksTheCard) {
     add_field(Style::TXT, 10, 10, 20, 20);
     build();
@@ -140,6 +157,13 @@ TEST_F(Layout, TitlesOfSeveralFieldsGoBesideTheFirst) {
     cmd_valign_link_Click();
     expect_tops({44, 120, 40, 70});
     EXPECT_EQ(fCard->ots(1).Top, 44);
+    // Each title takes its place when its turn comes: the second goes by where the first is now.
+    field(2).list = "1|4";
+    field(3).top = 80;
+    host.answers = {Answer::ok};
+    cmd_valign_link_Click();
+    EXPECT_EQ(field(1).top, 84);
+    EXPECT_EQ(field(2).top, 88);
 }
 
 class AutoPlacing : public Layout {

@@ -176,6 +176,20 @@ TEST_F(Links, ASumBeyondSixteenBitsEndsTheRunWithItsBox) {
     EXPECT_NE(host.boxes.back().text.find("(6)  Ylivuoto"), std::string::npos);
 }
 
+TEST_F(Links, ALineCountsAlsoWhereItsEndsCannotBeComputed) {
+    auto& title = add_field(Style::OTS, 32700, 10, 100, 16, "Kaukana");
+    title.value = "NOLINK";
+    auto& data = add_field(Style::TXT, 100, 10, 50, 20);
+    data.linkitys = true;
+    data.linkki = 1;
+    host.answers.push_back(Answer::ok);
+    show();
+    EXPECT_NE(host.boxes.back().text.find("(6)  Ylivuoto"), std::string::npos);
+    EXPECT_EQ(session.link_count, 1);
+    EXPECT_TRUE(fCard->link.has(1));
+    EXPECT_EQ(group_of(2), "");
+}
+
 TEST_F(Links, AListThatIsFullIsCutInTheMiddleOfANumber) {
     add_field(Style::OTS, 0, 0, 900, 16, "Kaikki");
     for (int i = 0; i < 150; ++i)

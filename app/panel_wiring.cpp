@@ -26,6 +26,7 @@ void wire_numbers() {
         editor_of(row).LostFocus = [row] { number_LostFocus(row); };
         auto& scroll = (*fEditor).*one.scroll;
         scroll.Change = [row] { number_scr_Change(row); };
+        scroll.QueryScroll = [row] { return number_can_scroll(row); };
         scroll.LostFocus = [row] { number_LostFocus(row); };
     }
     fEditor->txt_tabindex.Change = txt_tabindex_Change;
@@ -148,6 +149,7 @@ void wire_list_editor() {
 void wire_panel() {
     fEditor->cmb_field.Click = cmb_field_Click;
     fEditor->scr_pro.Change = scr_pro_Change;
+    fEditor->proPic.MouseDown = proPic_MouseDown;
     for (auto const& one : panel_rows()) {
         fEditor->labProp(static_cast<int>(one.row)).Click = labProp_Click;
         editor_of(one.row).GotFocus = [row = one.row] { row_GotFocus(row); };

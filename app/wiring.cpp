@@ -23,6 +23,7 @@
 #include "model/session.h"
 #include "panel/focus_memory.h"
 #include "panel/panel_fit.h"
+#include "panel/rows.h"
 #include "platform/host.h"
 #include "platform/system.h"
 #include "surface/adding.h"
@@ -41,7 +42,10 @@ void startFocus_Timer() {
     fEditor->icoBar.SetFocus();
 }
 
+/// A dialog that came up meanwhile works on the card: it is closed behind it.
 void closeTimer_Timer() {
+    if (System::current().active_modal())
+        return;
     fEditor->closeTimer.Enabled = false;
     cmd_close_Click();
 }
@@ -51,6 +55,7 @@ void MDIForm_Click() {
     if (!session.cardFormLoaded)
         return;
     zip_focus();
+    hide_pop_ups(); // what they offer would act on nothing
     fEditor->cmb_field.ListIndex = -1;
     using enum Code;
     UpdateCommandState(keep, off, off, off, off, keep);

@@ -2,6 +2,7 @@
 
 #include "commands/card_size.h"
 #include "commands/icon_bar.h"
+#include "commands/status_bar.h"
 #include "forms/editor_form.h"
 #include "model/settings.h"
 
@@ -34,7 +35,10 @@ void cmd_icoBar_Click() {
 }
 
 void cmd_stsBar_Click() {
-    settings.showStatusBar = flip(fEditor->stsBar, fEditor->cmd_stsBar) ? -1 : 0;
+    bool const shown = flip(fEditor->stsBar, fEditor->cmd_stsBar);
+    settings.showStatusBar = shown ? -1 : 0;
+    if (shown)
+        upd_sts(); // while it was hidden nobody kept it up to date
 }
 
 void show_card_bars() {

@@ -42,6 +42,7 @@ void rebuild_menu() {
         entry.Visible = shown;
         if (!shown)
             continue;
+        entry.UseMnemonic = false; // a name may have any sign in it
         entry.Caption = place(i).trimmed();
         fEditor->wF.Visible = true;
     }

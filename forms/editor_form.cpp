@@ -72,13 +72,10 @@ void build_panel(EditorForm& form) {
 }
 
 void place_button(EditorForm& form, PanelRow const& row) {
-    // The buttons that stay where they are stand where the rows' scroll bar never covers them.
-    constexpr double fixed_left = 2370;
     auto& button = form.*row.button;
     bool const opens_dialog = !row.list && row.row != Row::list;
     button.Caption = opens_dialog ? "…" : "▾";
-    bool const moves = row.fit == Fit::editor_and_button;
-    button.Move(moves ? row_button_left : fixed_left, 0, 270, row_height);
+    button.Move(row_button_left, 0, 270, row_height);
     button.Visible = false;
 }
 
@@ -135,7 +132,8 @@ void build_rows(EditorForm& form) {
     // Tab walks the rows, not what they stand in or what belongs to one of them.
     for (Control* const part : form.proPic.children())
         part->TabStop = dynamic_cast<TextBox*>(part) != nullptr;
-    for (auto* const area : {&form.proPic, &form.proBot, &form.proBar, &form.fldBar, &form.icoBar})
+    for (Control* const area : std::initializer_list<Control*>{
+             &form.proPic, &form.proBot, &form.proBar, &form.fldBar, &form.icoBar})
         area->TabStop = false;
 }
 

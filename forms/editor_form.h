@@ -2,6 +2,7 @@
 // are wired in app/.
 #pragma once
 
+#include "forms/picture_panel.h"
 #include "platform/form.h"
 
 #include <memory>
@@ -114,7 +115,7 @@ class EditorForm : public Form {
     /// Covers the selector until the first card is there.
     Label peitto{&proBar, "peitto"};
     PictureBox proBot{&proBar, "proBot"};
-    PictureBox proPic{&proBot, "proPic"};
+    PicturePanel proPic{&proBot, "proPic"};
     ScrollBar scr_pro{&proBot, "scr_pro"};
 
     /// Captions of the rows, 1 to 25. Which controls a row has: forms/panel_rows.

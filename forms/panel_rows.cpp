@@ -12,6 +12,7 @@ using enum Row;
 constexpr double text_width = 1530;
 constexpr double number_width = 1350; // leaves room for a scroll bar
 constexpr double word_width = 1260;   // leaves room for a button
+constexpr double fixed_width = 1080;  // leaves room for one also beside the rows' scroll bar
 
 constexpr PanelRow text(Row row, std::string_view caption, TextBox E::*editor) {
     return {row, caption, editor, text_width, Fit::editor};
@@ -23,14 +24,16 @@ constexpr PanelRow number(Row row, std::string_view caption, TextBox E::*editor,
 }
 
 constexpr PanelRow words(Row row, std::string_view caption, TextBox E::*editor, Button E::*button,
-                         ListBox E::*list, Fit fit = Fit::nothing) {
-    return {row, caption, editor, word_width, fit, button, nullptr, list};
+                         ListBox E::*list, Fit fit = Fit::button) {
+    double const width = fit == Fit::button ? fixed_width : word_width;
+    return {row, caption, editor, width, fit, button, nullptr, list};
 }
 
 constexpr PanelRow dialog(Row row, std::string_view caption, TextBox E::*editor, Button E::*button,
                           PictureBox E::*swatch = nullptr) {
-    auto const fit = swatch ? Fit::editor_and_button : Fit::nothing;
-    return {row, caption, editor, word_width, fit, button, nullptr, nullptr, swatch};
+    auto const fit = swatch ? Fit::editor_and_button : Fit::button;
+    double const width = swatch ? word_width : fixed_width;
+    return {row, caption, editor, width, fit, button, nullptr, nullptr, swatch};
 }
 
 // clang-format off
@@ -50,7 +53,7 @@ constexpr std::array table = {
     number(top, "Ylhäältä", &E::txt_top, &E::scr_top),
     number(width, "Leveys", &E::txt_width, &E::scr_width),
     number(height, "Korkeus", &E::txt_height, &E::scr_height),
-    words(value, "Alkuarvo", &E::txt_value, &E::cmd_value, &E::lst_value, Fit::editor),
+    words(value, "Alkuarvo", &E::txt_value, &E::cmd_value, &E::lst_value, with_button),
     text(name, "Nimi", &E::txt_name),
     words(transparent, "Läpinäkyvä", &E::txt_transp, &E::cmd_transp, &E::lst_boolean, with_button),
     words(linkable, "Linkitettävä", &E::txt_link, &E::cmd_link, &E::lst_boolean),

@@ -40,7 +40,7 @@ enum class Row {
 };
 
 /// What gives way when the rows' scroll bar takes room at their right end.
-enum class Fit { nothing, editor, editor_and_button };
+enum class Fit { nothing, editor, button, editor_and_button };
 
 /// A row: its editor, and what else it has. Button or scroll bar show only while the row has the
 /// keyboard.

@@ -36,12 +36,12 @@ double fit_scroll_bar() {
 
 void fit_rows(double taken) {
     for (auto const& row : panel_rows()) {
-        if (row.fit == Fit::nothing)
-            continue;
-        ((*fEditor).*row.editor).Width = row.width - taken;
+        bool const both = row.fit == Fit::editor_and_button;
+        if (both || row.fit == Fit::editor)
+            ((*fEditor).*row.editor).Width = row.width - taken;
         if (row.scroll)
             ((*fEditor).*row.scroll).Left = row_scroll_left - taken;
-        if (row.fit == Fit::editor_and_button)
+        if (both || row.fit == Fit::button)
             ((*fEditor).*row.button).Left = row_button_left - taken;
     }
 }
@@ -60,7 +60,8 @@ bool is_pop_up(Control const* control) {
 
 void paintTimer_Timer() {
     auto& form = *fEditor;
-    if (form.WindowState == static_cast<int>(WindowState::minimized))
+    // The card must not move under a hand that is about to drag a field on it.
+    if (form.WindowState == static_cast<int>(WindowState::minimized) || card_is_held())
         return;
     draw_icon_bar_relief();
     if (form.proBar.Height <= head_height)
@@ -69,7 +70,7 @@ void paintTimer_Timer() {
     form.scr_pro.Height = form.proBot.Height - 60;
     fit_rows(fit_scroll_bar());
     if (form.cmd_card_autocenter.Checked)
-        center_card();
+        center_around_selection();
     form.paintTimer.Enabled = false;
 }
 

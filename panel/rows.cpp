@@ -212,6 +212,17 @@ void labProp_Click(int index) {
         editor_of(row).SetFocus();
 }
 
+void proPic_MouseDown(int, MouseArguments const& mouse) {
+    if (mouse.X < value_left)
+        return;
+    for (auto const& row : panel_rows()) {
+        auto& editor = editor_of(row.row);
+        double const top = editor.Top - first_row_top;
+        if (editor.Visible && mouse.Y >= top && mouse.Y < top + row_height)
+            return editor.SetFocus();
+    }
+}
+
 void row_GotFocus(Row number) {
     auto const& row = panel_row(number);
     hide_cmd();

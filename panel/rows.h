@@ -34,6 +34,10 @@ void show_link_mode(bool manual);
 /// A click on a row's caption gives its editor the keyboard.
 void labProp_Click(int index);
 
+/// A press beside an editor, where its button or scroll bar would stand, gives it the keyboard too;
+/// in twips from the corner of the rows' area.
+void proPic_MouseDown(int index, MouseArguments const& mouse);
+
 /// An editor got the keyboard: its row shows button or scroll bar, its text is selected, its list
 /// of words stands ready on the text, and the row is remembered.
 void row_GotFocus(Row row);

@@ -1,5 +1,6 @@
 #include "panel/selector.h"
 
+#include "commands/card_size.h"
 #include "commands/command_state.h"
 #include "commands/status_bar.h"
 #include "forms/card_form.h"
@@ -68,6 +69,9 @@ void cmb_field_Click() {
     }
     if (fEditor->stsBar.Visible)
         upd_sts();
+    // Chosen in the selector itself: what the mouse has chosen is in sight already.
+    if (chosen != 0 && keyboard == &fEditor->cmb_field && !card_is_held())
+        reveal_field(chosen);
     give_keyboard_back(keyboard);
 }
 

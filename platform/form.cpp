@@ -94,6 +94,27 @@ void Form::dock() {
     }
 }
 
+Size Form::free_size() const {
+    auto free = inner_size();
+    for (auto const* const bar : children_) {
+        if (!bar->Visible)
+            continue;
+        switch (static_cast<Dock>(bar->dock_side())) {
+        case Dock::none:
+            break;
+        case Dock::top:
+        case Dock::bottom:
+            free.height -= bar->Height;
+            break;
+        case Dock::left:
+        case Dock::right:
+            free.width -= bar->Width;
+            break;
+        }
+    }
+    return free;
+}
+
 void Form::begin_unload() {
     controls_.clear();
     tab_order_.clear();

@@ -51,6 +51,8 @@ class Form : public TextControl, public Canvas {
 
     /// The size inside frame, caption and menu bar, in twips.
     Size inner_size() const;
+    /// What the docked bars of a main form leave for its child windows, in twips.
+    Size free_size() const;
     /// Lays the docked bars along the sides of a main form, in the order in which they were made.
     void dock();
 

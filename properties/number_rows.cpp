@@ -3,6 +3,7 @@
 #include "commands/card_size.h"
 #include "links/tab_order.h"
 #include "model/session.h"
+#include "panel/selection_rows.h"
 #include "properties/apply.h"
 #include "surface/visuals.h"
 
@@ -134,6 +135,10 @@ void number_LostFocus(Row row) {
 void number_scr_Change(Row row) {
     if (!session.pro_updating)
         editor_of(row).Text = Format(-scroll_of(row).Value.get());
+}
+
+bool number_can_scroll(Row row) {
+    return is_card_side(row) || selection_agrees_in(row);
 }
 
 void txt_tabindex_Change() {

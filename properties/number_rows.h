@@ -13,6 +13,10 @@ void number_LostFocus(Row row);
 /// The row's scroll bar was moved: its negative goes into the row.
 void number_scr_Change(Row row);
 
+/// Whether a user's arrow does anything: not while the selected fields differ in the row, for there
+/// is no number to count on from.
+bool number_can_scroll(Row row);
+
 /// "Tab-indeksi": moves the field's object in the tab order, which renumbers the others.
 void txt_tabindex_Change();
 

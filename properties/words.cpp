@@ -110,6 +110,8 @@ void word_LostFocus(Row row) {
 
 void drop_button_Click(Row row) {
     auto& list = list_of(row);
+    if (list.ListCount() == 0)
+        return editor_of(row).SetFocus();
     list.Visible = true;
     list.SetFocus();
 }

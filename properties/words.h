@@ -12,7 +12,7 @@ void word_DblClick(Row row);
 /// A word that is none is replaced by the model's.
 void word_LostFocus(Row row);
 
-/// The drop button of a row: its list opens and takes the keyboard.
+/// The drop button of a row: its list opens and takes the keyboard. An empty one does not open.
 void drop_button_Click(Row row);
 /// An item of a row's list was chosen: it goes into the row, which gets the keyboard back.
 void word_list_Click(Row row);

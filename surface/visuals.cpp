@@ -111,9 +111,6 @@ void take_font(TextControl& visual, Field& one) {
 
 void take_place(TextControl& visual, Field const& one) {
     visual.Move(int{one.left}, int{one.top});
-    auto const* const image = dynamic_cast<PictureBox*>(&visual);
-    if (image && image->AutoSize)
-        return; // it has the size of its picture
     visual.Width = int{one.width};
     if (one.style != static_cast<int>(Style::CMB))
         visual.Height = int{one.height};

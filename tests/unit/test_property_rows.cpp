@@ -6,6 +6,7 @@
 #include "panel/selection_rows.h"
 #include "platform/input.h"
 #include "platform/system.h"
+#include "properties/list_editor.h"
 #include "scenario/pictures.h"
 #include "surface/load_card.h"
 #include "tests/unit/fresh_session.h"
@@ -282,10 +283,52 @@ TEST_F(PropertyRows, AListStandsBesideItsRow) {
             EXPECT_EQ(list.Width, editor.Width + (row.row == Row::link ? 0 : 300)) << row.caption;
             EXPECT_FALSE(list.Visible);
             input::click((*fEditor).*row.button);
-            EXPECT_TRUE(list.is_shown()) << row.caption;
+            EXPECT_EQ(list.is_shown(), list.ListCount() > 0) << row.caption; // no empty box
         }
     }
     EXPECT_FALSE(session.cardModified);
+}
+
+TEST_F(PropertyRows, APressBesideAnEditorGivesItTheKeyboard) {
+    show_all_kinds();
+    host.clock.run(100);
+    fEditor->cmb_field.ListIndex = 1;
+    // The rows' area stands in two others; the form's inside is in pixels.
+    auto const press_beside = [](TextBox const& editor) {
+        double x = editor.Left + editor.Width + 60;
+        double y = editor.Top + 90;
+        for (auto const* at = editor.container(); at != fEditor.get(); at = at->container()) {
+            x += at->Left;
+            y += at->Top;
+        }
+        input::mouse_press(*fEditor, x / twips_per_pixel, y / twips_per_pixel, false);
+        input::mouse_release(*fEditor, x / twips_per_pixel, y / twips_per_pixel);
+    };
+    press_beside(fEditor->txt_fontBold);
+    EXPECT_EQ(System::current().focused(), &fEditor->txt_fontBold);
+    EXPECT_TRUE(fEditor->cmd_fontBold.Visible);
+    press_beside(fEditor->txt_left);
+    EXPECT_EQ(System::current().focused(), &fEditor->txt_left);
+}
+
+TEST_F(PropertyRows, TheListEditorWritesToAllSelectedFields) {
+    show_all_kinds();
+    int drop_down = 0;
+    int files = 0;
+    for (int i = 1; i <= card.fields; ++i) {
+        drop_down = field(i).style == int(Style::CMB) ? i : drop_down;
+        files = field(i).style == int(Style::LST) ? i : files;
+        fCard->focus(i).Visible =
+            field(i).style == int(Style::CMB) || field(i).style == int(Style::LST);
+    }
+    set_pro();
+    fEditor->lst_list.Clear();
+    fEditor->lst_list.AddItem("yksi");
+    EXPECT_TRUE(UpdateCombo(Overlong::warn));
+    EXPECT_EQ(field(drop_down).list.trimmed(), "yksi|");
+    EXPECT_EQ(field(files).list.trimmed(), "yksi|");
+    EXPECT_EQ(fCard->cmb(drop_down).ListCount(), 1);
+    EXPECT_EQ(fCard->lst(files).ListCount(), 1); // its sample line
 }
 
 TEST_F(PropertyRows, AFontNameLongerThanItsRecordIsNoFont) {

@@ -69,18 +69,18 @@ TEST_F(ColumnOrder, WithoutTitlesNothingMoves) {
 
 TEST_F(ColumnOrder, RolesAndLinksByHandFollowTheirFields) {
     data(0);
-    title("4");
-    data(0);
+    title("3");
     data(2);
-    field(3).linkitys = true;
-    field(3).linkki = 2; // by hand, and no list knows of it
-    card.fldSpeci[1] = 4;
+    data(0);
+    field(4).linkitys = true;
+    field(4).linkki = 2; // by hand, and no list knows of it
+    card.fldSpeci[1] = 3;
     card.fldSpeci[30] = 1;
     card.fldSpeci[2] = 2;
     card.fldSpeci[5] = 5; // beyond the fields
     card.fldSpeci[6] = -3;
     move({2});
-    EXPECT_EQ(captions(), "O2 D4 D1 D3");
+    EXPECT_EQ(captions(), "O2 D3 D1 D4");
     EXPECT_EQ(field(4).linkki, 1);
     EXPECT_EQ(card.fldSpeci[1], 2);
     EXPECT_EQ(card.fldSpeci[30], 3);

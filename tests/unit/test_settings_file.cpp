@@ -74,14 +74,18 @@ TEST_F(SettingsFile, WhatWasReadStaysWhenTheClosingFails) {
 
 TEST_F(SettingsFile, NumbersOutsideTheirRangeAreRepaired) {
     Settings record = settings;
-    record.spareFlag1 = 1;
+    for (auto* const flag :
+         {&record.spareFlag1, &record.spareFlag2, &record.spareFlag3, &record.spareFlag4})
+        *flag = 1;
     record.gridX = 1;
     record.gridY = 200;
     record.guideX = 4;
     record.guideY = 201;
     record.showIconBar = 77;
     record = repaired(record);
-    EXPECT_EQ(record.spareFlag1, 0);
+    for (auto const flag :
+         {record.spareFlag1, record.spareFlag2, record.spareFlag3, record.spareFlag4})
+        EXPECT_EQ(flag, 0);
     EXPECT_EQ(record.gridX, 10);
     EXPECT_EQ(record.gridY, 200);
     EXPECT_EQ(record.guideX, 15);

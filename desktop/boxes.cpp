@@ -1,6 +1,7 @@
 #include "desktop/boxes.h"
 
 #include "desktop/look.h"
+#include "desktop/message_box.h"
 #include "desktop/text.h"
 #include "platform/errors.h"
 
@@ -9,7 +10,7 @@
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QInputDialog>
-#include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QStringList>
 
@@ -32,8 +33,7 @@ constexpr BoxButton cancelButton{Answer::cancel, "Peruuta", QMessageBox::RejectR
 constexpr BoxButton yesButton{Answer::yes, "Kyllä", QMessageBox::YesRole};
 constexpr BoxButton noButton{Answer::no, "Ei", QMessageBox::NoRole};
 
-/// The buttons by the lowest bits of the flags. The last one is what Escape and the box's frame
-/// answer.
+/// The buttons by the lowest bits of the flags.
 std::span<BoxButton const> buttonsFor(int flags) {
     static constexpr BoxButton ok[] = {okButton};
     static constexpr BoxButton okCancel[] = {okButton, cancelButton};
@@ -64,6 +64,12 @@ QMessageBox::Icon iconFor(int flags) {
     default:
         return QMessageBox::NoIcon;
     }
+}
+
+/// Escape and the box's frame answer the last button, where that does no harm: after a question
+/// that knows yes and no alone, neither is a way back.
+bool hasWayBack(int flags) {
+    return (flags & 0x7) != platform::box::yes_no;
 }
 
 std::size_t defaultButtonOf(int flags) {
@@ -109,21 +115,25 @@ constexpr int fileMustExist = 0x1000;
 
 } // namespace
 
-Answer showMessage(QWidget* owner, std::string_view text, int flags, std::string_view title) {
-    QMessageBox box(owner);
-    box.setWindowFlags(boxFlags);
-    box.setWindowTitle(toQt(title));
-    box.setTextFormat(Qt::PlainText);
-    box.setText(toQtLines(text));
-    box.setIcon(iconFor(flags));
+Answer showMessage(QWidget* owner, std::string_view text, int flags, std::string_view title,
+                   QList<QRect> const& inSight) {
+    // The box goes with its owner, should that end first.
+    QPointer<MessageBox> const box(new MessageBox(owner, inSight));
+    box->setWindowFlags(hasWayBack(flags) ? boxFlags : boxFlags & ~Qt::WindowCloseButtonHint);
+    box->setWindowTitle(toQt(title));
+    box->setTextFormat(Qt::PlainText);
+    box->setText(toQtLines(text));
+    box->setIcon(iconFor(flags));
     auto const buttons = buttonsFor(flags);
     QList<QPushButton*> made;
     for (auto const& button : buttons)
-        made.append(box.addButton(QString::fromUtf8(button.caption), button.role));
-    box.setDefaultButton(made.at(qsizetype(std::min(defaultButtonOf(flags), buttons.size() - 1))));
-    box.setEscapeButton(made.last());
-    box.exec();
-    auto const chosen = made.indexOf(static_cast<QPushButton*>(box.clickedButton()));
+        made.append(box->addButton(QString::fromUtf8(button.caption), button.role));
+    box->setDefaultButton(made.at(qsizetype(std::min(defaultButtonOf(flags), buttons.size() - 1))));
+    if (hasWayBack(flags))
+        box->setEscapeButton(made.last());
+    box->exec();
+    auto const chosen = box ? made.indexOf(static_cast<QPushButton*>(box->clickedButton())) : -1;
+    delete box;
     return buttons[chosen < 0 ? buttons.size() - 1 : std::size_t(chosen)].answer;
 }
 

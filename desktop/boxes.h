@@ -3,14 +3,18 @@
 
 #include "platform/host.h"
 
+#include <QList>
+#include <QRect>
+
 class QWidget;
 
 namespace desktop {
 
 /// Each returns when the user has answered; `owner` may be null. Texts stand as they are given,
-/// blanks included.
+/// blanks included. A message covers as few as it can of the places on the screen that are to stay
+/// in sight. One that asks for yes or no alone closes by its buttons only.
 platform::Answer showMessage(QWidget* owner, std::string_view text, int flags,
-                             std::string_view title);
+                             std::string_view title, QList<QRect> const& inSight = {});
 /// Empty when cancelled.
 std::string askText(QWidget* owner, std::string_view prompt, std::string_view title,
                     std::string_view defaultText);

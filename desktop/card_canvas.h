@@ -22,6 +22,10 @@ class CardCanvas : public QWidget {
     /// Background, picture or drawing have changed.
     void updateBackground();
     void remove(platform::Control const& control);
+    /// Where a control shows on the canvas; empty while it does not.
+    QRect shownPlace(platform::Control const& control) const {
+        return shown_.value(&control).place;
+    }
     /// Everything has been taken over: what has changed is repainted, in one go.
     void settle();
     void forgetForm() { form_ = nullptr; }

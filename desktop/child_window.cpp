@@ -56,6 +56,10 @@ QWidget* ChildWindow::focusWidgetOf(platform::Control const&) {
     return canvas_;
 }
 
+QRect ChildWindow::placeOnScreen(platform::Control const& control) {
+    return visiblePartOnScreen(*canvas_, canvas_->shownPlace(control));
+}
+
 platform::Control* ChildWindow::controlAt(QWidget& widget, QPoint point) {
     if (!form_ || &widget != canvas_)
         return nullptr;

@@ -20,6 +20,7 @@ class ChildWindow : public QMdiSubWindow, public FormView {
     void remove(platform::Control const& control) override;
     void settle() override;
     QWidget* focusWidgetOf(platform::Control const& control) override;
+    QRect placeOnScreen(platform::Control const& control) override;
     platform::Control* controlAt(QWidget& widget, QPoint point) override;
     void setPointer(Qt::CursorShape shape) override { canvas_->setCursor(shape); }
     void discard() override;

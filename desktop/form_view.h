@@ -27,10 +27,20 @@ class FormView {
     virtual QWidget* focusWidgetOf(platform::Control const& control) = 0;
     /// The control at a point of one of the view's widgets; null for none.
     virtual platform::Control* controlAt(QWidget& widget, QPoint point) = 0;
+    /// Where a control shows on the screen: what can be seen of it. Empty when nothing can.
+    virtual QRect placeOnScreen(platform::Control const& control) = 0;
     /// The pointer shape over the form's free surface.
     virtual void setPointer(Qt::CursorShape) {}
     /// The form is going: the window disappears, and is deleted when no event of it is running.
     virtual void discard() = 0;
 };
+
+/// The part of a place in a widget that can be seen, on the screen.
+inline QRect visiblePartOnScreen(QWidget const& widget, QRect place) {
+    if (!widget.isVisible())
+        return {};
+    auto const seen = widget.visibleRegion().intersected(place).boundingRect();
+    return {widget.mapToGlobal(seen.topLeft()), seen.size()};
+}
 
 } // namespace desktop

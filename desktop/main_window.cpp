@@ -154,6 +154,11 @@ QWidget* MainWindow::focusWidgetOf(platform::Control const& control) {
     return widgets_.find(control);
 }
 
+QRect MainWindow::placeOnScreen(platform::Control const& control) {
+    auto const* const widget = widgets_.find(control);
+    return widget ? visiblePartOnScreen(*widget, widget->rect()) : QRect();
+}
+
 platform::Control* MainWindow::controlAt(QWidget& widget, QPoint) {
     return widgets_.controlOf(&widget);
 }

@@ -23,6 +23,7 @@ class MainWindow : public QMainWindow, public FormView {
     void remove(platform::Control const& control) override;
     void settle() override;
     QWidget* focusWidgetOf(platform::Control const& control) override;
+    QRect placeOnScreen(platform::Control const& control) override;
     platform::Control* controlAt(QWidget& widget, QPoint point) override;
     void discard() override;
 

@@ -49,6 +49,11 @@ QWidget* PlainView::focusWidgetOf(platform::Control const& control) {
     return widgets_.find(control);
 }
 
+QRect PlainView::placeOnScreen(platform::Control const& control) {
+    auto const* const widget = widgets_.find(control);
+    return widget ? visiblePartOnScreen(*widget, widget->rect()) : QRect();
+}
+
 platform::Control* PlainView::controlAt(QWidget& widget, QPoint) {
     return widgets_.controlOf(&widget);
 }

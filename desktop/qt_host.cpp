@@ -96,7 +96,20 @@ void QtHost::endSession() {
 
 platform::Answer QtHost::MsgBox(std::string_view text, int flags, std::string_view title) {
     BoxOpen const open(*this);
-    return showMessage(boxOwner(), text, flags, title);
+    return showMessage(boxOwner(), text, flags, title, placesInSight());
+}
+
+void QtHost::keep_in_sight(std::vector<platform::Control const*> controls) {
+    inSight_ = std::move(controls);
+}
+
+QList<QRect> QtHost::placesInSight() const {
+    QList<QRect> places;
+    for (auto const* const control : inSight_)
+        if (auto* const view = viewOf(control->form()))
+            if (auto const place = view->placeOnScreen(*control); !place.isEmpty())
+                places.append(place);
+    return places;
 }
 
 std::string QtHost::InputBox(std::string_view prompt, std::string_view title,
@@ -253,6 +266,7 @@ void QtHost::control_removed(platform::Control& control) {
     if (control.is_marked())
         std::replace(marked_.begin(), marked_.end(), &control,
                      static_cast<platform::Control*>(nullptr));
+    std::erase(inSight_, &control);
     timers_.remove(control);
     if (auto* const view = viewOf(control)) {
         views_.erase(&control);

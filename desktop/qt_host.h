@@ -34,6 +34,7 @@ class QtHost : public platform::Host {
     Timers const& timers() const { return timers_; }
 
     platform::Answer MsgBox(std::string_view text, int flags, std::string_view title) override;
+    void keep_in_sight(std::vector<platform::Control const*> controls) override;
     std::string InputBox(std::string_view prompt, std::string_view title,
                          std::string_view default_text) override;
     std::string ShowOpen(platform::CommonDialog const& dialog) override;
@@ -81,6 +82,7 @@ class QtHost : public platform::Host {
     FormView* ensureView(platform::Form& form);
     FormView* makeView(platform::Form& form);
     QWidget* boxOwner() const;
+    QList<QRect> placesInSight() const;
     /// The control that a point of some widget belongs to; null for none.
     platform::Control* controlOf(QWidget& widget, QPoint point) const;
 
@@ -91,6 +93,7 @@ class QtHost : public platform::Host {
     std::unordered_map<platform::Control const*, FormView*> views_;
     MainWindow* mainWindow_ = nullptr;
     std::vector<ModalLoop> modalLoops_;
+    std::vector<platform::Control const*> inSight_;
     HelpViewer help_;
     QObject alive_; // what is put off to a later moment ends with the host
     bool showsHourglass_ = false;

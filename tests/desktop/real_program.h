@@ -72,6 +72,25 @@ class NextBox {
     QTimer timer_;
 };
 
+/// What a user does with the next message box, once it is up.
+class WhileABoxIsOpen {
+  public:
+    explicit WhileABoxIsOpen(std::function<void(QMessageBox&)> then) : then_(std::move(then)) {
+        timer_.callOnTimeout([this] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box || !QTest::qWaitForWindowActive(box))
+                return;
+            timer_.stop();
+            then_(*box);
+        });
+        timer_.start(20);
+    }
+
+  private:
+    std::function<void(QMessageBox&)> then_;
+    QTimer timer_;
+};
+
 class RealProgram : public testing::Test {
   protected:
     /// Starts the program on a card (or none) and lets the windows settle.

@@ -2,6 +2,12 @@
 #include "tests/desktop/real_program.h"
 
 #include "desktop/boxes.h"
+#include "desktop/text.h"
+
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTextEdit>
 
 namespace kehystin {
 
@@ -34,13 +40,76 @@ TEST_F(Boxes, ButtonsAreFinnishAndAnswerAsTheyRead) {
     }
 }
 
-TEST_F(Boxes, EscapeIsTheCautiousAnswer) {
-    for (auto const& [flags, answer] :
-         {std::pair{box::yes_no, Answer::no}, std::pair{box::ok_cancel, Answer::cancel}}) {
-        QTimer::singleShot(
-            50, qApp, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
-        EXPECT_EQ(desktop::showMessage(nullptr, "?", flags, "x"), answer);
+TEST_F(Boxes, EscapeAndTheFrameAnswerOnlyWhatDoesNoHarm) {
+    struct Case {
+        int flags;
+        bool closes;
+        Answer answer;
+    };
+    for (auto const& [flags, closes, answer] :
+         {Case{box::ok, true, Answer::ok}, Case{box::ok_cancel, true, Answer::cancel},
+          Case{box::yes_no_cancel, true, Answer::cancel}, Case{box::yes_no, false, Answer::yes},
+          Case{box::yes_no + box::second_default, false, Answer::no}}) {
+        for (bool const byKey : {true, false}) {
+            bool closed = true;
+            WhileABoxIsOpen const then([&](QMessageBox& shown) {
+                QPointer<QMessageBox> const watched(&shown);
+                EXPECT_EQ(shown.windowFlags().testFlag(Qt::WindowCloseButtonHint), closes);
+                byKey ? QTest::keyClick(&shown, Qt::Key_Escape) : void(shown.close());
+                QTest::qWait(200); // Qt presses the button as slowly as a hand would
+                closed = !watched || !watched->isVisible();
+                if (!closed)
+                    QTest::keyClick(&shown, Qt::Key_Return);
+            });
+            EXPECT_EQ(desktop::showMessage(nullptr, "?", flags, "x"), answer) << flags;
+            EXPECT_EQ(closed, closes) << flags;
+        }
     }
+}
+
+TEST_F(Boxes, AQuestionEndsWithItsOwnerAndWithTheSession) {
+    auto* const owner = new QWidget;
+    owner->show();
+    QTimer::singleShot(50, owner, [&] { delete owner; });
+    desktop::showMessage(owner, "?", box::yes_no, "x");
+    bool answered = false;
+    QTimer::singleShot(0, qApp, [&] {
+        desktop::showMessage(nullptr, "?", box::yes_no, "x");
+        answered = true;
+    });
+    QTimer::singleShot(50, qApp, [] { QApplication::exit(); });
+    QApplication::exec();
+    EXPECT_TRUE(answered);
+}
+
+TEST_F(Boxes, AMessageOfAnyLengthFitsTheScreenWithItsButtons) {
+    std::string rows;
+    for (int i = 0; i < 3000; ++i)
+        rows += " Kentän " + std::to_string(i) + " arvo on korjattu.     \r\n";
+    for (auto const& text : {rows, std::string(5000, 'x'), rows + std::string(5000, 'x')}) {
+        WhileABoxIsOpen const then([&](QMessageBox& shown) {
+            EXPECT_TRUE(shown.screen()->availableGeometry().contains(shown.frameGeometry()));
+            EXPECT_TRUE(shown.rect().contains(shown.defaultButton()->geometry()));
+            EXPECT_TRUE(shown.defaultButton()->hasFocus());
+            EXPECT_EQ(shown.text(), desktop::toQtLines(text));
+            auto& page = *find_child<QTextEdit>(shown);
+            EXPECT_EQ(page.toPlainText(), desktop::toQtLines(text));
+            EXPECT_EQ(page.horizontalScrollBar()->maximum(), 0);
+            auto& bar = *page.verticalScrollBar();
+            QTest::keyClick(shown.defaultButton(), Qt::Key_PageDown);
+            EXPECT_EQ(bar.value(), std::min(bar.maximum(), bar.pageStep()));
+            QTest::keyClick(shown.defaultButton(), Qt::Key_End);
+            EXPECT_EQ(bar.value(), bar.maximum());
+            QTest::keyClick(&shown, Qt::Key_Return);
+        });
+        EXPECT_EQ(desktop::showMessage(nullptr, text, box::warning + box::ok_cancel, "x"),
+                  Answer::ok);
+    }
+    WhileABoxIsOpen const then([&](QMessageBox& shown) {
+        EXPECT_FALSE(find_child<QTextEdit>(shown));
+        QTest::keyClick(&shown, Qt::Key_Return);
+    });
+    desktop::showMessage(nullptr, " Lyhyt.     ", box::ok, "x");
 }
 
 TEST_F(Boxes, TheSecondButtonIsTheDefaultWhereTheFlagsSaySo) {

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
+#include <string>
 
 namespace desktop {
 
@@ -26,18 +27,31 @@ using platform::ErrorNumber;
 using platform::RuntimeError;
 
 /// A file may claim any size; more than this is a mistake or an attack.
-constexpr qint64 mostPixels = 64LL * 1024 * 1024;
+constexpr qint64 mostMegapixels = 64;
+constexpr qint64 megapixel = 1024 * 1024;
+
+RuntimeError noPicture() {
+    return {ErrorNumber::invalid_picture, "Tiedosto ei ole kuva"};
+}
+
+void requireModest(QSize size) {
+    if (size.isValid() && qint64{size.width()} * size.height() > mostMegapixels * megapixel)
+        throw RuntimeError(ErrorNumber::invalid_picture, "Kuva on liian suuri, yli " +
+                                                             std::to_string(mostMegapixels) +
+                                                             " megapikseliä");
+}
 
 QImage readImage(QString const& path) {
+    constexpr int mostBytes = 8; // of a pixel: Qt has a limit of its own, which must not come first
+    QImageReader::setAllocationLimit(static_cast<int>(mostMegapixels * mostBytes));
     QImageReader reader(path);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
-    auto const size = reader.size();
-    if (size.isValid() && qint64{size.width()} * size.height() > mostPixels)
-        throw RuntimeError(ErrorNumber::invalid_picture);
+    requireModest(reader.size());
     auto const image = reader.read();
-    if (image.isNull() || qint64{image.width()} * image.height() > mostPixels)
-        throw RuntimeError(ErrorNumber::invalid_picture);
+    requireModest(image.size());
+    if (image.isNull())
+        throw noPicture();
     return image;
 }
 
@@ -68,8 +82,8 @@ QSize sizeOfMetafile(QString const& path) {
 
 /// Metafiles are drawings of another system; a converter beside the program makes pixels of them.
 QImage readMetafile(QString const& path) {
-    constexpr int patience = 10'000; // milliseconds
-    constexpr int largest = 3000;    // pixels, as large as a card can be
+    constexpr int patience = 1500; // milliseconds; nobody can do anything else meanwhile
+    constexpr int largest = 3000;  // pixels, as large as a card can be
     QTemporaryDir const folder;
     auto const drawn = folder.filePath(QStringLiteral("picture.png"));
     auto size = sizeOfMetafile(path);
@@ -82,12 +96,18 @@ QImage readMetafile(QString const& path) {
     words.append({QStringLiteral("--maxwidth=%1").arg(size.width()),
                   QStringLiteral("--maxheight=%1").arg(size.height()), path});
     QProcess converter;
+    converter.setStandardInputFile(QProcess::nullDevice());
+    converter.setStandardOutputFile(QProcess::nullDevice());
     converter.setStandardErrorFile(QProcess::nullDevice());
     converter.start(QStringLiteral("wmf2gd"), words);
-    if (!converter.waitForFinished(patience)) {
+    bool const done = converter.waitForFinished(patience);
+    if (converter.error() == QProcess::FailedToStart)
+        throw RuntimeError(ErrorNumber::invalid_picture,
+                           "Kuvatyypin muunninohjelma wmf2gd puuttuu");
+    if (!done) {
         converter.kill();
-        converter.waitForFinished();
-        throw RuntimeError(ErrorNumber::invalid_picture);
+        converter.waitForFinished(patience);
+        throw noPicture();
     }
     return readImage(drawn);
 }

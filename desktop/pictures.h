@@ -12,7 +12,8 @@ class QPainter;
 namespace desktop {
 
 /// Reads a picture file of any kind that Qt knows, or a metafile; no path gives the empty
-/// picture. Raises file_not_found, or invalid_picture for a file that is no picture or too large.
+/// picture. Raises file_not_found, or invalid_picture with a text that says why: no picture, too
+/// large, no converter for its kind.
 platform::Picture loadPicture(std::string const& path);
 
 /// Draws a picture at its own size from a corner, or one of the program's own as large as fits the

@@ -4,12 +4,15 @@
 #include "desktop/message_box.h"
 #include "desktop/text.h"
 #include "platform/errors.h"
+#include "platform/text.h"
 
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileIconProvider>
+#include <QFileInfo>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QStringList>
@@ -92,10 +95,31 @@ QStringList nameFilters(std::string_view filter) {
     return filters;
 }
 
+/// Qt's line takes pasted line breaks and only shows them as something else.
+void keepInOneLine(QLineEdit& line) {
+    QObject::connect(&line, &QLineEdit::textChanged, &line, [&line](QString const& text) {
+        auto const inOneLine = [](QString const& part) {
+            return toQt(platform::in_one_line(fromQt(part)));
+        };
+        auto const wanted = inOneLine(text);
+        if (wanted == text)
+            return;
+        auto const caret = inOneLine(text.left(line.cursorPosition())).size();
+        line.setText(wanted);
+        line.setCursorPosition(static_cast<int>(caret));
+    });
+}
+
 /// The folder that the last file was chosen in.
 QString& lastFolder() {
     static QString folder;
     return folder;
+}
+
+/// The folder that a file dialog starts in; empty for where Qt likes.
+QString firstFolder(platform::CommonDialog const& settings) {
+    auto const wished = toQt(settings.InitDir);
+    return !wished.isEmpty() && QFileInfo(wished).isDir() ? wished : lastFolder();
 }
 
 /// Boxes of fixed size: the window manager has nothing to offer for them but closing.
@@ -142,11 +166,13 @@ std::string askText(QWidget* owner, std::string_view prompt, std::string_view ti
     QInputDialog dialog(owner, boxFlags);
     dialog.setWindowTitle(toQt(title));
     dialog.setLabelText(toQtLines(prompt));
-    dialog.setTextValue(toQt(defaultText));
+    dialog.setTextValue(toQt(platform::in_one_line(defaultText)));
     dialog.setOkButtonText(QStringLiteral("OK"));
     dialog.setCancelButtonText(QStringLiteral("Peruuta"));
     constexpr int width = 360;
     dialog.resize(width, dialog.sizeHint().height());
+    if (auto* const line = dialog.findChild<QLineEdit*>())
+        keepInOneLine(*line);
     return dialog.exec() == QDialog::Accepted ? fromQt(dialog.textValue()) : std::string();
 }
 
@@ -169,12 +195,14 @@ std::string askFile(QWidget* owner, platform::CommonDialog const& settings, File
     dialog.setLabelText(QFileDialog::Accept, task == FileTask::open ? QStringLiteral("Avaa")
                                                                     : QStringLiteral("Tallenna"));
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Peruuta"));
-    if (!lastFolder().isEmpty())
-        dialog.setDirectory(lastFolder());
+    if (auto const folder = firstFolder(settings); !folder.isEmpty())
+        dialog.setDirectory(folder);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         throw platform::RuntimeError(platform::ErrorNumber::cancelled);
-    lastFolder() = dialog.directory().absolutePath();
-    return fromQt(dialog.selectedFiles().first());
+    auto const chosen = dialog.selectedFiles().constFirst();
+    // Not the folder that the dialog shows: a name may be typed with the path to another.
+    lastFolder() = QFileInfo(chosen).absolutePath();
+    return fromQt(chosen);
 }
 
 platform::Colour askColour(QWidget* owner, platform::Colour start) {

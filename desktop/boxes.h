@@ -15,11 +15,13 @@ namespace desktop {
 /// in sight. One that asks for yes or no alone closes by its buttons only.
 platform::Answer showMessage(QWidget* owner, std::string_view text, int flags,
                              std::string_view title, QList<QRect> const& inSight = {});
-/// Empty when cancelled.
+/// One line: each line break becomes a blank, of the default text as of what is pasted. Empty when
+/// cancelled.
 std::string askText(QWidget* owner, std::string_view prompt, std::string_view title,
                     std::string_view defaultText);
 enum class FileTask { open, save };
-/// The chosen path. Raises `cancelled`.
+/// The chosen path. The dialog starts in the folder that it names, if there is such a one, or else
+/// in that of the file chosen last. Raises `cancelled`.
 std::string askFile(QWidget* owner, platform::CommonDialog const& dialog, FileTask task);
 /// Raises `cancelled`.
 platform::Colour askColour(QWidget* owner, platform::Colour start);

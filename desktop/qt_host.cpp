@@ -229,6 +229,13 @@ std::string QtHost::command_line() const {
     return fromQt(commandLine_);
 }
 
+std::string QtHost::absolute_path(std::string const& path) const {
+    auto const written = toQt(path);
+    if (written.isEmpty() || QDir::isAbsolutePath(written))
+        return path; // letter for letter, as the user knows it
+    return fromQt(QDir::cleanPath(QDir::current().absoluteFilePath(written)));
+}
+
 bool QtHost::open_help(std::string const& file, std::string const& topic) {
     return help_.show(toQt(file), toQt(topic));
 }

@@ -56,6 +56,7 @@ class QtHost : public platform::Host {
     std::string settings_folder() const override;
     std::string program_folder() const override;
     std::string command_line() const override;
+    std::string absolute_path(std::string const& path) const override;
     bool open_help(std::string const& file, std::string const& topic) override;
     bool open_link(std::string const& target) override;
     void unhandled(std::string_view what) override;

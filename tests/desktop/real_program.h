@@ -72,12 +72,13 @@ class NextBox {
     QTimer timer_;
 };
 
-/// What a user does with the next message box, once it is up.
-class WhileABoxIsOpen {
+/// What a user does with the next box of a class, once it is up.
+template <class Box>
+class WhileOpen {
   public:
-    explicit WhileABoxIsOpen(std::function<void(QMessageBox&)> then) : then_(std::move(then)) {
+    explicit WhileOpen(std::function<void(Box&)> then) : then_(std::move(then)) {
         timer_.callOnTimeout([this] {
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            auto* const box = qobject_cast<Box*>(QApplication::activeModalWidget());
             if (!box || !QTest::qWaitForWindowActive(box))
                 return;
             timer_.stop();
@@ -87,7 +88,7 @@ class WhileABoxIsOpen {
     }
 
   private:
-    std::function<void(QMessageBox&)> then_;
+    std::function<void(Box&)> then_;
     QTimer timer_;
 };
 

@@ -4,6 +4,11 @@
 #include "desktop/boxes.h"
 #include "desktop/text.h"
 
+#include <QClipboard>
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
@@ -52,7 +57,7 @@ TEST_F(Boxes, EscapeAndTheFrameAnswerOnlyWhatDoesNoHarm) {
           Case{box::yes_no + box::second_default, false, Answer::no}}) {
         for (bool const byKey : {true, false}) {
             bool closed = true;
-            WhileABoxIsOpen const then([&](QMessageBox& shown) {
+            WhileOpen<QMessageBox> const then([&](QMessageBox& shown) {
                 QPointer<QMessageBox> const watched(&shown);
                 EXPECT_EQ(shown.windowFlags().testFlag(Qt::WindowCloseButtonHint), closes);
                 byKey ? QTest::keyClick(&shown, Qt::Key_Escape) : void(shown.close());
@@ -87,7 +92,7 @@ TEST_F(Boxes, AMessageOfAnyLengthFitsTheScreenWithItsButtons) {
     for (int i = 0; i < 3000; ++i)
         rows += " Kentän " + std::to_string(i) + " arvo on korjattu.     \r\n";
     for (auto const& text : {rows, std::string(5000, 'x'), rows + std::string(5000, 'x')}) {
-        WhileABoxIsOpen const then([&](QMessageBox& shown) {
+        WhileOpen<QMessageBox> const then([&](QMessageBox& shown) {
             EXPECT_TRUE(shown.screen()->availableGeometry().contains(shown.frameGeometry()));
             EXPECT_TRUE(shown.rect().contains(shown.defaultButton()->geometry()));
             EXPECT_TRUE(shown.defaultButton()->hasFocus());
@@ -105,7 +110,7 @@ TEST_F(Boxes, AMessageOfAnyLengthFitsTheScreenWithItsButtons) {
         EXPECT_EQ(desktop::showMessage(nullptr, text, box::warning + box::ok_cancel, "x"),
                   Answer::ok);
     }
-    WhileABoxIsOpen const then([&](QMessageBox& shown) {
+    WhileOpen<QMessageBox> const then([&](QMessageBox& shown) {
         EXPECT_FALSE(find_child<QTextEdit>(shown));
         QTest::keyClick(&shown, Qt::Key_Return);
     });
@@ -129,6 +134,57 @@ TEST_F(Boxes, ADamagedFileIsRefusedWithItsBoxAndTheSessionGoesOn) {
     EXPECT_TRUE(refused.text().contains(QStringLiteral("ei kyetty tunnistamaan")));
     EXPECT_FALSE(card_window());
     EXPECT_TRUE(action(QStringLiteral("Avaa..."))->isEnabled());
+}
+
+TEST_F(Boxes, TheInputBoxTakesAndGivesOneLine) {
+    WhileOpen<QInputDialog> const then([](QInputDialog& shown) {
+        auto& line = *find_child<QLineEdit>(shown);
+        EXPECT_EQ(line.text(), QStringLiteral("yksi kaksi"));
+        QApplication::clipboard()->setText(QStringLiteral(" A\r\nB\nC\rD"));
+        line.end(false);
+        line.paste();
+        EXPECT_EQ(line.text(), QStringLiteral("yksi kaksi A B C D"));
+        EXPECT_EQ(line.cursorPosition(), line.text().size());
+        QTest::keyClick(&line, Qt::Key_Return);
+    });
+    EXPECT_EQ(desktop::askText(nullptr, "Nimi?", "x", "yksi\r\nkaksi"), "yksi kaksi A B C D");
+}
+
+TEST_F(Boxes, AFileDialogStartsInItsOwnFolderOrWhereTheLastOneEnded) {
+    QDir const here(folder.path());
+    for (auto const* name : {"a", "b"}) {
+        ASSERT_TRUE(here.mkdir(QLatin1String(name)));
+        QFile file(here.filePath(QLatin1String(name) + QStringLiteral("/kuva.bmp")));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    QString started;
+    auto const choose = [&](QString const& folderWanted, QString const& typed) {
+        WhileOpen<QFileDialog> const then([&](QFileDialog& shown) {
+            started = shown.directory().absolutePath();
+            shown.findChild<QLineEdit*>()->setText(typed);
+            QTest::keyClick(shown.findChild<QLineEdit*>(), Qt::Key_Return);
+        });
+        platform::CommonDialog dialog;
+        dialog.InitDir = desktop::fromQt(folderWanted);
+        return desktop::toQt(desktop::askFile(nullptr, dialog, desktop::FileTask::open));
+    };
+    auto const picture = QStringLiteral("kuva.bmp");
+    EXPECT_EQ(choose(here.filePath("a"), picture), here.filePath("a/kuva.bmp"));
+    EXPECT_EQ(started, here.filePath("a"));
+    choose({}, here.filePath("b/kuva.bmp"));
+    EXPECT_EQ(started, here.filePath("a"));
+    choose(here.filePath("olematon"), picture);
+    EXPECT_EQ(started, here.filePath("b"));
+    EXPECT_EQ(choose(here.filePath("a") + u'/', picture), here.filePath("a/kuva.bmp"));
+}
+
+TEST_F(Boxes, APathMeansTheSameFileFromAnyFolder) {
+    desktop::QtHost machine{{}};
+    auto const here = desktop::fromQt(QDir::currentPath());
+    EXPECT_EQ(machine.absolute_path("examples/../kortti.krt"), here + "/kortti.krt");
+    EXPECT_EQ(machine.absolute_path("./a b.krt"), here + "/a b.krt");
+    EXPECT_EQ(machine.absolute_path("/tmp//./x/../a.krt"), "/tmp//./x/../a.krt");
+    EXPECT_EQ(machine.absolute_path(""), "");
 }
 
 } // namespace kehystin

@@ -83,7 +83,7 @@ TEST_F(KeepInSight, AMessageCoversNeitherFieldsOnTheCardNorControlsBesideIt) {
     };
     auto const usual = [&] {
         QRect at;
-        WhileABoxIsOpen const then([&](QMessageBox& shown) {
+        WhileOpen<QMessageBox> const then([&](QMessageBox& shown) {
             at = shown.frameGeometry();
             QTest::keyClick(&shown, Qt::Key_Return);
         });

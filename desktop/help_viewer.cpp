@@ -1,18 +1,24 @@
 #include "desktop/help_viewer.h"
 
 #include "desktop/help_window.h"
-
-#include <QGuiApplication>
-#include <QScreen>
+#include "desktop/window_place.h"
 
 namespace desktop {
 
 namespace {
 
-void moveToMiddle(QWidget& window) {
-    auto const room = QGuiApplication::primaryScreen()->availableGeometry();
-    window.resize(window.size().boundedTo(room.size()));
-    window.move(room.center() - window.rect().center());
+/// Beside what the help explains, as far as the screen has room, or else in its middle.
+void place(QWidget& window, QWidget const* explained) {
+    constexpr QSize least(560, 400); // a page beside the contents can still be read
+    auto const frame = frameFor(explained);
+    auto const room = roomFor(explained);
+    auto const wanted = window.size().grownBy(frame);
+    QRect taken(QPoint(), wanted.boundedTo(room.size()));
+    taken.moveCenter(room.center());
+    if (explained)
+        taken = roomBeside(explained->window()->frameGeometry(), room, wanted, least);
+    window.resize(taken.size().shrunkBy(frame));
+    window.move(taken.topLeft());
 }
 
 } // namespace
@@ -21,7 +27,7 @@ HelpViewer::~HelpViewer() {
     delete window_.data();
 }
 
-bool HelpViewer::show(QString const& file, QString const& page) {
+bool HelpViewer::show(QString const& file, QString const& page, QWidget const* explained) {
     auto help = HelpFile::open(file);
     if (!help)
         return false;
@@ -29,7 +35,7 @@ bool HelpViewer::show(QString const& file, QString const& page) {
         window_->setFile(std::move(help));
     } else {
         window_ = new HelpWindow(std::move(help));
-        moveToMiddle(*window_);
+        place(*window_, explained);
     }
     window_->showPage(page);
     window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);

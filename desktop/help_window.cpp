@@ -112,6 +112,9 @@ QWidget* HelpWindow::makeBar() {
                   QStringLiteral("larger"));
     for (auto* const button : {back, forward})
         button->setEnabled(false);
+    // Wherever in the window the keyboard is: the page knows these keys only for itself.
+    new QShortcut(Qt::ALT | Qt::Key_Left, this, browser_, &QTextBrowser::backward);
+    new QShortcut(Qt::ALT | Qt::Key_Right, this, browser_, &QTextBrowser::forward);
     connect(back, &QToolButton::clicked, browser_, &QTextBrowser::backward);
     connect(forward, &QToolButton::clicked, browser_, &QTextBrowser::forward);
     connect(browser_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
@@ -148,10 +151,8 @@ QWidget* HelpWindow::makeIndex() {
     layout->addWidget(typed);
     layout->addWidget(index_, 1);
     connect(typed, &QLineEdit::textChanged, this, [this](QString const& now) { narrowIndex(now); });
-    leadTo(*index_, [this] {
-        if (auto const* const line = index_->currentItem())
-            showPage(line->data(pageRole).toString());
-    });
+    connect(typed, &QLineEdit::returnPressed, this, [this] { openFromIndex(); });
+    leadTo(*index_, [this] { openFromIndex(); });
     return side;
 }
 
@@ -220,6 +221,24 @@ void HelpWindow::narrowIndex(QString const& typed) {
         auto* const line = index_->item(i);
         line->setHidden(!line->text().startsWith(start, Qt::CaseInsensitive));
     }
+    index_->setCurrentItem(start.isEmpty() ? nullptr : firstShown());
+}
+
+/// The first line of the index that the typed word leaves; null when it leaves none.
+QListWidgetItem* HelpWindow::firstShown() const {
+    for (int i = 0; i < index_->count(); ++i)
+        if (!index_->item(i)->isHidden())
+            return index_->item(i);
+    return nullptr;
+}
+
+void HelpWindow::openFromIndex() {
+    auto* const current = index_->currentItem();
+    // The keyboard makes a line the current one where it comes into the list, though it be hidden.
+    if (auto* const line = current && !current->isHidden() ? current : firstShown()) {
+        index_->setCurrentItem(line);
+        showPage(line->data(pageRole).toString());
+    }
 }
 
 void HelpWindow::search() {
@@ -238,8 +257,9 @@ void HelpWindow::search() {
 
 void HelpWindow::followPage(QString const& page) {
     auto const title = browser_->documentTitle();
-    setWindowTitle(title.isEmpty() ? QStringLiteral("Kehystimen ohje")
-                                   : title + QStringLiteral(" – Kehystimen ohje"));
+    auto const whole = QStringLiteral("Kehystimen ohje"); // the first page's title too
+    setWindowTitle(title.isEmpty() || title == whole ? whole
+                                                     : title + QStringLiteral(" – ") + whole);
     selectInContents(page);
 }
 

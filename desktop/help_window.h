@@ -10,6 +10,7 @@
 
 class QLineEdit;
 class QListWidget;
+class QListWidgetItem;
 class QTabWidget;
 class QTreeWidget;
 
@@ -39,6 +40,9 @@ class HelpWindow : public QWidget {
     void fillContents();
     void fillIndex();
     void narrowIndex(QString const& typed);
+    QListWidgetItem* firstShown() const;
+    /// Shows the page of the index's current line, or of its first one.
+    void openFromIndex();
     void search();
     /// What the contents and the title say follows the page.
     void followPage(QString const& page);

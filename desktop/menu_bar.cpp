@@ -17,11 +17,11 @@ namespace desktop {
 namespace {
 
 /// Blanks behind a caption once made room for a shortcut; Qt does that by itself.
-QString displayed(std::string_view caption) {
-    auto text = toQt(caption);
+QString displayed(platform::Menu const& menu) {
+    auto text = toQt(menu.Caption.get());
     while (text.endsWith(u' '))
         text.chop(1);
-    return text;
+    return menu.UseMnemonic ? text : text.replace(u'&', QLatin1String("&&"));
 }
 
 /// Entries stand in the order in which they were made; the elements of a collection, which may come
@@ -38,7 +38,7 @@ void takeOver(QAction& action, platform::Menu const& menu) {
     bool const separator = menu.Caption.get() == "-";
     action.setSeparator(separator);
     if (!separator)
-        action.setText(displayed(menu.Caption.get()));
+        action.setText(displayed(menu));
     action.setEnabled(menu.Enabled);
     action.setVisible(menu.Visible);
     action.setShortcut(QKeySequence(toQt(menu.Shortcut.get())));

@@ -237,7 +237,7 @@ std::string QtHost::absolute_path(std::string const& path) const {
 }
 
 bool QtHost::open_help(std::string const& file, std::string const& topic) {
-    return help_.show(toQt(file), toQt(topic));
+    return help_.show(toQt(file), toQt(topic), boxOwner());
 }
 
 bool QtHost::open_link(std::string const& target) {

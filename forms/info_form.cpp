@@ -49,7 +49,7 @@ InfoForm::InfoForm() : Form("fInfo", FormKind::dialog) {
     labVersio.Move(text_left, margin + name_height, text_width, line_height);
     labKuvaus.Caption = "Luo ja muokkaa korttimalleja Norvak ohjelmaan";
     labKuvaus.Move(text_left, description_top, text_width, line_height);
-    labTekija.Caption = "Copyright (c) 2026 The Kehystin developers";
+    labTekija.Caption = "© 2026 Kehystimen kehittäjät";
     labTekija.Move(text_left, description_top + row, text_width, line_height);
     labInternet.Caption = "Internet:";
     labSahkoposti.Caption = "Sähköposti:";

@@ -42,6 +42,24 @@ TEST_F(Documents, TheCardsCloseButtonAsksAndTheTimerCloses) {
     EXPECT_FALSE(action(QStringLiteral("Sulje"))->isEnabled());
 }
 
+TEST_F(Documents, AMenuEntryShowsTheLettersOfAFileNameAndNoAccessKey) {
+    start();
+    auto& entry = fEditor->cmd_open;
+    auto const shows = [&](char const* text) {
+        return soon([&] {
+            return find_child<QAction>(
+                *window(), [&](QAction& one) { return one.text() == QLatin1String(text); });
+        });
+    };
+    entry.UseMnemonic = false;
+    entry.Caption = "&1  /R&D/kortti.krt";
+    EXPECT_TRUE(shows("&&1  /R&&D/kortti.krt"));
+    entry.Caption = "&2  /R&D/kortti.krt"; // the entry is there already
+    EXPECT_TRUE(shows("&&2  /R&&D/kortti.krt"));
+    entry.UseMnemonic = true;
+    EXPECT_TRUE(shows("&2  /R&D/kortti.krt"));
+}
+
 TEST_F(Documents, ANewCardIsNamedAndShown) {
     start();
     settings.showVelho = 0;

@@ -14,6 +14,7 @@
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QSet>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -174,6 +175,7 @@ TEST_F(Help, LinksAreFollowedAndTheWayLeadsBackAndForward) {
     action(QStringLiteral("Hakemisto"))->trigger();
     ASSERT_TRUE(soon([] { return help_window(); }));
     EXPECT_FALSE(part<QToolButton>("back").isEnabled());
+    EXPECT_EQ(help_window()->windowTitle(), QStringLiteral("Kehystimen ohje"));
     follow_link_to(QStringLiteral("velho.htm"));
     ASSERT_TRUE(soon([] { return page().page() == QLatin1String("velho.htm"); }));
     EXPECT_TRUE(help_window()->windowTitle().contains(QStringLiteral("Korttivelho")));
@@ -183,6 +185,12 @@ TEST_F(Help, LinksAreFollowedAndTheWayLeadsBackAndForward) {
     EXPECT_EQ(page().page(), QStringLiteral("velho.htm"));
 
     auto& contents = part<QTreeWidget>("contents");
+    contents.setFocus();
+    QTest::keyClick(&contents, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(page().page(), QStringLiteral("sisallys.htm"));
+    QTest::keyClick(&contents, Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(page().page(), QStringLiteral("velho.htm"));
+
     auto* const line =
         contents.findItems(QStringLiteral("Sarakejärjestys"), Qt::MatchExactly | Qt::MatchRecursive)
             .value(0);
@@ -216,6 +224,35 @@ TEST_F(Help, SearchFindsWordsInAllPagesAndMarksThem) {
     EXPECT_EQ(page().page(), QStringLiteral("tyokalutKenttamaaritykset.htm"));
 }
 
+TEST_F(Help, TheIndexOpensItsLinesByTheKeyboard) {
+    start_with_help();
+    press_f1();
+    ASSERT_TRUE(soon([] { return help_window(); }));
+    auto& index = part<QListWidget>("index");
+    auto& typed = part<QLineEdit>("indexWord");
+    help_window()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(help_window()));
+    help_window()->findChild<QTabWidget*>()->setCurrentIndex(1);
+    typed.setFocus();
+    QTest::keyClicks(&typed, QStringLiteral("kuva"));
+    QTest::keyClick(&typed, Qt::Key_Return);
+    EXPECT_EQ(page().page(), QStringLiteral("kentat_kuva.htm"));
+    QTest::keyClicks(&typed, QStringLiteral("xyzzy"));
+    QTest::keyClick(&typed, Qt::Key_Return);
+    EXPECT_EQ(page().page(), QStringLiteral("kentat_kuva.htm"));
+
+    typed.setText(QStringLiteral("asetu"));
+    QTest::keyClick(&typed, Qt::Key_Tab);
+    ASSERT_TRUE(index.hasFocus());
+    QTest::keyClick(&index, Qt::Key_Return);
+    EXPECT_EQ(page().page(), QStringLiteral("yleista_asetukset.htm"));
+    typed.clear();
+    QTest::keyClick(&index, Qt::Key_Home);
+    QTest::keyClick(&index, Qt::Key_Down);
+    QTest::keyClick(&index, Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(page().page(), index.item(1)->data(Qt::UserRole).toString().section(u'#', 0, 0));
+}
+
 TEST_F(Help, TheWindowRemembersNothingOnceItIsClosed) {
     start_with_help();
     press_f1();
@@ -238,12 +275,15 @@ TEST_F(Help, TheWindowRemembersNothingOnceItIsClosed) {
 TEST_F(Help, F1InsideADialogShowsAPageThatCanBeReadBesideIt) {
     start_with_help();
     QString shown;
+    bool dialogShows = false;
     double ordinary = 0;
     double larger = 0;
     QTimer::singleShot(100, qApp, [&] {
         QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_F1);
         if (help_window() && QTest::qWaitForWindowExposed(help_window())) {
             shown = page().page();
+            auto const dialog = QApplication::activeModalWidget()->frameGeometry();
+            dialogShows = !help_window()->frameGeometry().contains(dialog);
             ordinary = page().font().pointSizeF();
             // By way of the window, which a dialog could keep from its mouse.
             auto& button = part<QToolButton>("larger");
@@ -257,6 +297,7 @@ TEST_F(Help, F1InsideADialogShowsAPageThatCanBeReadBesideIt) {
     session.helpTopic = "sisallys.htm";
     action(QStringLiteral("Info..."))->trigger();
     EXPECT_EQ(shown, QStringLiteral("sisallys.htm"));
+    EXPECT_TRUE(dialogShows);
     EXPECT_GT(larger, ordinary);
     EXPECT_TRUE(soon([] { return !fInfo && help_window(); }));
 }

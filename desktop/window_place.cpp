@@ -135,7 +135,7 @@ QRect roomBeside(QRect const& other, QRect const& room, QSize wanted, QSize leas
         auto const size = wanted.boundedTo(strip.size());
         return {placeInSightOf(size, strip, middleOf(size), {}), size};
     }
-    auto const size = wanted.boundedTo({room.width() * 2 / 3, room.height()})
+    auto const size = wanted.boundedTo({room.width() / 2, room.height()})
                           .expandedTo(least)
                           .boundedTo(room.size());
     auto best = QRect(placeInSightOf(size, room, middleOf(size), {}), size);

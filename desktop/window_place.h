@@ -25,7 +25,7 @@ QPoint placeInSightOf(QSize size, QRect const& room, QPoint usual, QList<QRect> 
 
 /// Place and size, frame included, of a window to be read beside another: as large as wanted or as
 /// the room beside the other lets it be, if it can be as large as `least` there; otherwise no wider
-/// than two thirds of the room, where it covers least of the other.
+/// than half of the room or `least`, where it covers least of the other.
 QRect roomBeside(QRect const& other, QRect const& room, QSize wanted, QSize least);
 
 } // namespace desktop

@@ -21,8 +21,9 @@ constexpr double list_top = margin + label_height;
 constexpr double list_height = 2010;
 constexpr double text_top = list_top + list_height + gap / 2;
 constexpr double sample_top = text_top + box + margin;
-constexpr double sample_width = 3300; // the largest size fits, bold and slanted
-constexpr double sample_height = 1050;
+// The largest size fits, bold and slanted, also in the wide faces that stand in for missing ones.
+constexpr double sample_width = 4050;
+constexpr double sample_height = 1200;
 constexpr double colours_left = margin + sample_width + gap;
 constexpr double inner_height = sample_top + sample_height + margin + button_height + margin;
 

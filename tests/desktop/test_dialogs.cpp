@@ -1,5 +1,7 @@
 // Dialogs under mouse and keyboard: column order, settings, field roles.
+#include "dialogs/font_dialog.h"
 #include "forms/cols_form.h"
+#include "forms/font_form.h"
 #include "forms/prop_form.h"
 #include "forms/speci_form.h"
 #include "model/settings.h"
@@ -184,6 +186,28 @@ TEST_F(Dialogs, AColumnIsMovedWithItsData) {
         dialog->close();
     });
     EXPECT_EQ(field(1).caption.trimmed(), first);
+}
+
+TEST_F(Dialogs, TheLargestSampleOfAFontIsWholeInEveryStyle) {
+    start();
+    FontForm form;
+    constexpr double border = 15;
+    // DejaVu stands in for whatever a machine lacks.
+    for (auto const* name : {"Arial", "Courier New", "Tahoma", "Times New Roman", "DejaVu Sans"})
+        for (int style = 0; style < 4; ++style) {
+            auto& sample = form.ots;
+            sample.FontName = name;
+            sample.FontSize = FontForm::largest_size;
+            sample.FontBold = style % 2 == 1;
+            sample.FontItalic = style / 2 == 1;
+            center_sample(sample);
+            EXPECT_GE(sample.Left, border) << name << style;
+            EXPECT_GE(sample.Top, border) << name << style;
+            EXPECT_LE(sample.Left + sample.Width, form.bot.Width - border) << name << style;
+            EXPECT_LE(sample.Top + sample.Height, form.bot.Height - border) << name << style;
+        }
+    EXPECT_LE(form.Width / 15, 1024);
+    EXPECT_LE(form.Height / 15, 600 - 40); // there may be a bar of the desktop
 }
 
 } // namespace kehystin

@@ -1,5 +1,6 @@
 #include "desktop/button_widgets.h"
 
+#include "desktop/device_pixels.h"
 #include "desktop/drag.h"
 #include "desktop/mouse.h"
 #include "desktop/pictures.h"
@@ -81,11 +82,8 @@ void ButtonWidget::paintFlat(QPainter& painter) {
         painter.setRenderHint(QPainter::Antialiasing, false);
     }
     // Only who walks with the keyboard needs to see where it is.
-    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-        painter.setPen(palette().color(QPalette::Highlight));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
+    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange))
+        paintFrame(painter, rect(), palette().color(QPalette::Highlight));
     drawPicture(painter, button()->Picture, rect());
 }
 
@@ -94,9 +92,8 @@ void ButtonWidget::paintSmall(QPainter& painter) {
     bool const hovered = isEnabled() && underMouse();
     auto const face = isDown() ? QPalette::Mid : hovered ? QPalette::Midlight : QPalette::Button;
     bool const showsFocus = hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange);
-    painter.setPen(palette().color(showsFocus ? QPalette::Highlight : QPalette::Dark));
-    painter.setBrush(palette().color(face));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.fillRect(rect(), palette().color(face));
+    paintFrame(painter, rect(), palette().color(showsFocus ? QPalette::Highlight : QPalette::Dark));
     auto const ink = palette().color(QPalette::ButtonText);
     if (text() == QStringLiteral("▾")) {
         drawArrowhead(painter, QRectF(rect()).center(), ink); // not every font has the sign

@@ -12,6 +12,9 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <cmath>
+#include <utility>
+
 namespace desktop {
 
 namespace {
@@ -59,15 +62,25 @@ void CardCanvas::takeOver(platform::Control const& control) {
 
 void CardCanvas::changed(Shown const& shown) {
     auto const& place = shown.place;
+    if (place.isEmpty())
+        return;
     if (!isOutline(shown.kind))
-        changedStanding_.add(place);
-    if (shown.kind != ControlClass::shape || place.isEmpty())
-        return changed_.add(place);
+        changedStanding_.add(withEdges(place));
+    if (shown.kind != ControlClass::shape)
+        return changed_.add(withEdges(place));
     // A shape is only its edge: moving a large one must not repaint what lies inside.
-    changed_.add({place.left(), place.top(), place.width(), 1});
-    changed_.add({place.left(), place.bottom(), place.width(), 1});
-    changed_.add({place.left(), place.top(), 1, place.height()});
-    changed_.add({place.right(), place.top(), 1, place.height()});
+    for (auto const& side : {QRect(place.left(), place.top(), place.width(), 1),
+                             QRect(place.left(), place.bottom(), place.width(), 1),
+                             QRect(place.left(), place.top(), 1, place.height()),
+                             QRect(place.right(), place.top(), 1, place.height())})
+        changed_.add(withEdges(side));
+}
+
+/// Where a pixel is no whole number of the device's, the outermost of them belong to two: what lies
+/// beside a place is then repainted with it.
+QRect CardCanvas::withEdges(QRect const& place) const {
+    auto const ratio = devicePixelRatioF();
+    return ratio == std::floor(ratio) ? place : place.adjusted(-1, -1, 1, 1);
 }
 
 void CardCanvas::updateBackground() {
@@ -85,10 +98,10 @@ void CardCanvas::settle() {
 }
 
 /// Paints the layers anew, for the part of the canvas that can be seen.
-void CardCanvas::paintLayers(QRect const& wanted) {
+void CardCanvas::paintLayers(QPainter const& onto, QRect const& wanted) {
     auto const place = (visibleRegion().boundingRect() | wanted) & rect();
-    background_.cover(place, devicePixelRatioF());
-    standing_.cover(place, devicePixelRatioF());
+    background_.cover(place, onto);
+    standing_.cover(place, onto);
     background_.image().fill(toColour(form_->BackColor));
     QPainter painter(&background_.image());
     background_.alignPainter(painter);
@@ -103,16 +116,20 @@ void CardCanvas::paintLayers(QRect const& wanted) {
 void CardCanvas::paintEvent(QPaintEvent* event) {
     if (!form_)
         return;
-    if (layersAreOld_ || !background_.covers(event->rect(), devicePixelRatioF()))
-        paintLayers(event->rect());
+    QPainter painter(this);
+    if (layersAreOld_ || !background_.covers(event->rect(), painter))
+        paintLayers(painter, event->rect());
     else if (!changedStanding_.isEmpty())
         paintStanding(changedStanding_.take());
-    QPainter painter(this);
     standing_.show(painter);
     paintOutlines(painter, event->region());
 }
 
-void CardCanvas::paintStanding(QRegion const& region) {
+void CardCanvas::paintStanding(QRegion region) {
+    // A picture comes out a shade different where a clip cuts it: it is painted as a whole.
+    for (auto const& shown : std::as_const(shown_))
+        if (shown.kind == ControlClass::picture_box && region.intersects(withEdges(shown.place)))
+            region += withEdges(shown.place);
     QPainter painter(&standing_.image());
     standing_.alignPainter(painter);
     painter.setClipRegion(region);
@@ -129,7 +146,8 @@ template <class Wanted>
 void CardCanvas::paintControls(QPainter& painter, QRegion const& region, Wanted const& wanted) {
     for (auto const* const control : form_->children()) {
         auto const found = shown_.constFind(control);
-        if (found != shown_.constEnd() && wanted(found->kind) && region.intersects(found->place))
+        if (found != shown_.constEnd() && wanted(found->kind) &&
+            region.intersects(withEdges(found->place)))
             paintControl(painter, *control, found->place);
     }
 }

@@ -48,8 +48,9 @@ class CardCanvas : public QWidget {
         bool operator==(Shown const&) const = default;
     };
     void changed(Shown const& shown);
-    void paintLayers(QRect const& wanted);
-    void paintStanding(QRegion const& region);
+    QRect withEdges(QRect const& place) const;
+    void paintLayers(QPainter const& onto, QRect const& wanted);
+    void paintStanding(QRegion region);
     void paintOutlines(QPainter& painter, QRegion const& region);
     /// Paints the visible controls of the wanted classes, in stacking order.
     template <class Wanted>

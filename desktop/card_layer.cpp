@@ -2,7 +2,6 @@
 
 #include <QPainter>
 
-#include <cmath>
 #include <utility>
 
 namespace desktop {
@@ -32,25 +31,28 @@ QRegion ChangedPlaces::take() {
     return all;
 }
 
-void CardLayer::cover(QRect const& place, double ratio) {
+void CardLayer::cover(QRect const& place, QPainter const& painter) {
     place_ = place;
-    QSize const pixels(static_cast<int>(std::ceil(place.width() * ratio)),
-                       static_cast<int>(std::ceil(place.height() * ratio)));
-    if (image_.size() != pixels)
-        image_ = QImage(pixels, QImage::Format_RGB32);
-    image_.setDevicePixelRatio(ratio);
+    grid_ = DeviceGrid::of(painter);
+    QRectF const exact(QPointF(place.topLeft()) * grid_.ratio + grid_.phase,
+                       QSizeF(place.size()) * grid_.ratio);
+    auto const pixels = exact.toAlignedRect();
+    corner_ = pixels.topLeft();
+    if (image_.size() != pixels.size())
+        image_ = QImage(pixels.size(), QImage::Format_RGB32);
+    image_.setDevicePixelRatio(grid_.ratio);
 }
 
-bool CardLayer::covers(QRect const& place, double ratio) const {
-    return image_.devicePixelRatio() == ratio && place_.contains(place);
+bool CardLayer::covers(QRect const& place, QPainter const& painter) const {
+    return place_.contains(place) && grid_.isLike(DeviceGrid::of(painter));
 }
 
 void CardLayer::alignPainter(QPainter& painter) const {
-    painter.translate(-place_.topLeft());
+    painter.translate((grid_.phase - corner_) / grid_.ratio);
 }
 
 void CardLayer::show(QPainter& painter) const {
-    painter.drawImage(place_.topLeft(), image_);
+    drawDevicePixels(painter, DeviceGrid::of(painter).corner + corner_, image_);
 }
 
 } // namespace desktop

@@ -1,6 +1,8 @@
 // CardLayer: a picture of what stands still on a card.
 #pragma once
 
+#include "desktop/device_pixels.h"
+
 #include <QImage>
 #include <QRect>
 #include <QRegion>
@@ -23,26 +25,28 @@ class ChangedPlaces {
     QRect around_;        // all
 };
 
-/// A part of a widget as pixels. It is as large as what can be seen of the widget, not as the
-/// widget: a card may be far larger than its window.
+/// A part of a widget as pixels, exactly those that the widget's own painter would paint. It is as
+/// large as what can be seen of the widget, not as the widget: a card may be far larger than its
+/// window.
 class CardLayer {
   public:
-    /// Makes room for a part of the widget, in its own device pixels. What was there is gone.
-    void cover(QRect const& place, double ratio);
-    bool covers(QRect const& place, double ratio) const;
+    /// Makes room for a part of what `painter` paints on. What was there is gone.
+    void cover(QRect const& place, QPainter const& painter);
+    bool covers(QRect const& place, QPainter const& painter) const;
     QRect const& place() const { return place_; }
 
     /// The pixels; a painter on them works in the widget's coordinates after `alignPainter`.
     QImage& image() { return image_; }
     void alignPainter(QPainter& painter) const;
 
-    /// Puts the layer where it belongs, as far as the painter's clip lets it. Always as a whole:
-    /// cut at a widget's pixels it would not fit its own where those are no whole number.
+    /// Puts the layer where it belongs, as far as the painter's clip lets it.
     void show(QPainter& painter) const;
 
   private:
     QImage image_;
     QRect place_;
+    DeviceGrid grid_;
+    QPoint corner_; // of the image, in device pixels from the one of the widget's origin
 };
 
 } // namespace desktop

@@ -1,5 +1,7 @@
 #include "desktop/control_painter.h"
 
+#include "desktop/card_layer.h"
+#include "desktop/device_pixels.h"
 #include "desktop/drawing_painter.h"
 #include "desktop/fonts.h"
 #include "desktop/look.h"
@@ -46,7 +48,7 @@ void drawClipped(QPainter& painter, QRect const& place, int flags, QString const
     if (text.isEmpty() || place.isEmpty())
         return;
     painter.save();
-    painter.setClipRect(place, Qt::IntersectClip);
+    clipToPixels(painter, place);
     painter.drawText(place, flags, text);
     painter.restore();
 }
@@ -61,10 +63,17 @@ QRect drawField(QPainter& painter, platform::TextControl const& control, QRect c
 }
 
 void drawScrollBar(QPainter& painter, platform::TextControl const& control, QRect const& place) {
-    // The style counts the parts of a scroll bar from the painter's corner.
-    painter.save();
-    painter.setClipRect(place, Qt::IntersectClip);
-    painter.translate(place.topLeft());
+    if (place.isEmpty())
+        return;
+    // On pixels of its own: the style paints with clips of its own making, which know nothing of
+    // the place nor of what is being repainted. It counts the parts of a scroll bar from the
+    // corner.
+    CardLayer bar;
+    bar.cover(place, painter);
+    bar.image().fill(toColour(control.BackColor));
+    QPainter onBar(&bar.image());
+    bar.alignPainter(onBar);
+    onBar.translate(place.topLeft());
     QStyleOptionSlider option;
     setUp(option, control, QRect(QPoint(), place.size()));
     option.palette = QApplication::palette();
@@ -73,7 +82,11 @@ void drawScrollBar(QPainter& painter, platform::TextControl const& control, QRec
     option.maximum = 0; // nothing to scroll: the thumb fills the groove
     option.pageStep = 1;
     option.subControls = QStyle::SC_All;
-    style().drawComplexControl(QStyle::CC_ScrollBar, &option, &painter);
+    style().drawComplexControl(QStyle::CC_ScrollBar, &option, &onBar);
+    onBar.end();
+    painter.save();
+    clipToPixels(painter, place);
+    bar.show(painter);
     painter.restore();
 }
 
@@ -113,7 +126,7 @@ void paintMarked(QPainter& painter, Box const& box, QRect const& place, bool on,
     option.rect =
         QRect(QPoint(place.left(), place.top() + (place.height() - size.height()) / 2), size);
     painter.save();
-    painter.setClipRect(place, Qt::IntersectClip);
+    clipToPixels(painter, place);
     style().drawPrimitive(mark, &option, &painter);
     painter.restore();
     setTextPen(painter, box);
@@ -168,8 +181,7 @@ void paintLabel(QPainter& painter, platform::Label const& label, QRect const& pl
         painter.fillRect(place, toColour(label.BackColor));
     auto inside = place;
     if (label.BorderStyle != 0) {
-        painter.setPen(QApplication::palette().color(QPalette::Dark));
-        painter.drawRect(place.adjusted(0, 0, -1, -1));
+        paintFrame(painter, place, QApplication::palette().color(QPalette::Dark));
         inside.adjust(1, 1, -1, -1);
     }
     setTextPen(painter, label);
@@ -193,26 +205,23 @@ void paintPictureBox(QPainter& painter, platform::PictureBox const& box, QRect c
     painter.fillRect(place, toColour(box.BackColor));
     auto inside = place;
     if (box.BorderStyle != 0) {
-        painter.setPen(QApplication::palette().color(QPalette::Shadow));
-        painter.drawRect(place.adjusted(0, 0, -1, -1));
+        paintFrame(painter, place, QApplication::palette().color(QPalette::Shadow));
         inside.adjust(1, 1, -1, -1);
     }
     drawPicture(painter, box.Picture, inside);
     if (box.drawing().empty())
         return;
     painter.save();
-    painter.setClipRect(inside, Qt::IntersectClip);
+    clipToPixels(painter, inside);
     painter.translate(inside.topLeft());
     paintDrawing(painter, box.drawing(), box, toPixels(box.form(), 1));
     painter.restore();
 }
 
 void paintShape(QPainter& painter, platform::Shape const& shape, QRect const& place) {
-    painter.setPen(toColour(shape.BorderColor));
-    painter.setBrush(Qt::NoBrush);
     // A shape without width or height still shows as a line.
-    painter.drawRect(place.left(), place.top(), std::max(0, place.width() - 1),
-                     std::max(0, place.height() - 1));
+    paintFrame(painter, QRect(place.topLeft(), place.size().expandedTo({1, 1})),
+               toColour(shape.BorderColor));
 }
 
 void paintLine(QPainter& painter, platform::Line const& line) {

@@ -1,6 +1,7 @@
 #include "desktop/drag.h"
 
 #include "desktop/control_widget.h"
+#include "desktop/device_pixels.h"
 #include "desktop/icons.h"
 #include "desktop/pictures.h"
 
@@ -46,8 +47,7 @@ QPixmap dropOutline(QWidget const& widget, platform::Button const& button) {
     auto light = colour.lighter();
     light.setAlpha(70);
     painter.fillRect(place, light);
-    painter.setPen(colour);
-    painter.drawRect(place.adjusted(0, 0, -1, -1));
+    paintFrame(painter, place, colour);
     constexpr int margin = 2;
     constexpr int smallest = 10; // an icon says nothing below this
     int const icon = std::min({iconSize, place.height() - 2 * margin, place.width() - 2 * margin});

@@ -1,5 +1,6 @@
 #include "desktop/frame_widget.h"
 
+#include "desktop/device_pixels.h"
 #include "desktop/text.h"
 
 #include <QPainter>
@@ -29,8 +30,7 @@ void FrameWidget::paintEvent(QPaintEvent*) {
 void FrameWidget::paintBorder(QPainter& painter) {
     constexpr int captionLeft = 8;
     int const above = fontMetrics().height() / 2;
-    painter.setPen(palette().color(QPalette::Dark));
-    painter.drawRect(rect().adjusted(0, above, -1, -1));
+    paintFrame(painter, rect().adjusted(0, above, 0, 0), palette().color(QPalette::Dark));
     if (title().isEmpty())
         return;
     QRect const place(captionLeft, 0, fontMetrics().horizontalAdvance(title()),

@@ -1,5 +1,6 @@
 #include "desktop/look.h"
 
+#include "desktop/device_pixels.h"
 #include "desktop/fonts.h"
 
 #include <QApplication>
@@ -117,6 +118,8 @@ class Look : public QProxyStyle {
             return drawWindowFrame(*option, *painter);
         case PE_FrameLineEdit:
             return drawFieldFrame(*option, *painter);
+        case PE_PanelLineEdit:
+            return drawField(*option, *painter);
         default:
             QProxyStyle::drawPrimitive(element, option, painter, widget);
         }
@@ -162,19 +165,25 @@ class Look : public QProxyStyle {
               QRect(whole.right() - frameWidth + 1, whole.top(), frameWidth, whole.height()),
               QRect(whole.left(), whole.bottom() - frameWidth + 1, whole.width(), frameWidth)})
             painter.fillRect(side, colour);
-        painter.setPen(option.palette.color(QPalette::Dark));
-        painter.drawRect(whole.adjusted(0, 0, -1, -1));
+        paintFrame(painter, whole, option.palette.color(QPalette::Dark));
     }
 
     /// One quiet line with its corners taken off, in the accent colour around the keyboard.
-    static void drawFieldFrame(QStyleOption const& option, QPainter& painter) {
-        auto const whole = option.rect;
+    static QColor fieldFrameColour(QStyleOption const& option) {
         bool const focused = option.state & State_HasFocus;
-        auto const colour = option.palette.color(focused ? QPalette::Highlight : QPalette::Dark);
-        painter.fillRect(whole.left() + 1, whole.top(), whole.width() - 2, 1, colour);
-        painter.fillRect(whole.left() + 1, whole.bottom(), whole.width() - 2, 1, colour);
-        painter.fillRect(whole.left(), whole.top() + 1, 1, whole.height() - 2, colour);
-        painter.fillRect(whole.right(), whole.top() + 1, 1, whole.height() - 2, colour);
+        return option.palette.color(focused ? QPalette::Highlight : QPalette::Dark);
+    }
+    static void drawFieldFrame(QStyleOption const& option, QPainter& painter) {
+        paintFrame(painter, option.rect, fieldFrameColour(option), Corners::takenOff);
+    }
+    static void drawField(QStyleOption const& option, QPainter& painter) {
+        auto const* const frame = qstyleoption_cast<QStyleOptionFrame const*>(&option);
+        auto const base = option.palette.color(QPalette::Base);
+        if (frame && frame->lineWidth > 0)
+            paintFilledFrame(painter, option.rect, fieldFrameColour(option), base,
+                             Corners::takenOff);
+        else
+            painter.fillRect(option.rect, base);
     }
 
     static QRect closeButton(QRect const& bar) { return {bar.right() - 22, bar.top() + 4, 16, 16}; }

@@ -1,5 +1,6 @@
 #include "desktop/pictures.h"
 
+#include "desktop/device_pixels.h"
 #include "desktop/icons.h"
 #include "desktop/text.h"
 #include "platform/errors.h"
@@ -137,7 +138,8 @@ void drawPicture(QPainter& painter, platform::Picture const& picture, QRectF con
         return;
     if (auto const* const pixmap = pixmapOf(picture)) {
         painter.save();
-        painter.setClipRect(place, Qt::IntersectClip);
+        clipToPixels(painter, place);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform); // of use at other scales than 1
         painter.drawPixmap(QRectF(place.topLeft(), QSizeF(pixmap->size())), *pixmap,
                            QRectF(pixmap->rect()));
         painter.restore();

@@ -1,5 +1,6 @@
 #include "desktop/plain_windows.h"
 
+#include "desktop/device_pixels.h"
 #include "desktop/drawing_painter.h"
 #include "desktop/keyboard.h"
 #include "desktop/look.h"
@@ -127,8 +128,7 @@ QPoint TooltipWindow::placeFor(QSize) const {
 void TooltipWindow::paintEvent(QPaintEvent*) {
     paintSurface();
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Shadow));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    paintFrame(painter, rect(), palette().color(QPalette::Shadow));
 }
 
 } // namespace desktop

@@ -1,5 +1,6 @@
 #include "desktop/scroll_widgets.h"
 
+#include "desktop/device_pixels.h"
 #include "desktop/text.h"
 #include "platform/input.h"
 
@@ -77,8 +78,7 @@ void ArrowPair::hold(Arrow arrow) {
 void ArrowPair::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Button));
-    painter.setPen(palette().color(QPalette::Dark));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    paintFrame(painter, rect(), palette().color(QPalette::Dark));
     int const half = height() / 2;
     if (held_ != Arrow::none) {
         QRect const pressed(1, held_ == Arrow::up ? 1 : half, width() - 2, height() - half - 1);

@@ -1,8 +1,6 @@
 // Selecting, moving and sizing fields with real mouse events on the painted card.
 #include "tests/desktop/mouse_program.h"
 
-#include <QScreen>
-
 namespace kehystin {
 
 using Mouse = MouseProgram;
@@ -177,30 +175,6 @@ TEST_F(Mouse, TheBorderSizesTheCard) {
     send(frame, QEvent::MouseButtonRelease, border + QPoint(40, 0), Qt::LeftButton);
     EXPECT_TRUE(soon([&] { return card.width == width + 40; }));
     EXPECT_EQ(card_window()->width(), width + 40);
-}
-
-TEST_F(Mouse, WhatIsOnTheScreenIsWhatAFullPaintingShows) {
-    start(QStringLiteral("examples/sukukirja.krt"));
-    auto const on_screen = [&] {
-        QCoreApplication::processEvents(); // what has changed is taken over
-        QCoreApplication::processEvents(); // and painted
-        return window()->screen()->grabWindow(window()->winId()).toImage();
-    };
-    auto const painted_anew = [&] {
-        dynamic_cast<desktop::CardCanvas*>(canvas())->updateBackground();
-        return on_screen();
-    };
-    for (int step = 1; step <= 4; ++step) {
-        for (int i = step; i <= card.fields; i += step) {
-            auto& object = fCard->visual(static_cast<Style>(int{field(i).style}), i);
-            object.Move(object.Left + 7 * step, object.Top - 3 * step);
-            object.Visible = i % 5 != step;
-            fCard->focus(i).Move(object.Left - 1, object.Top - 1);
-            fCard->focus(i).Visible = i % 3 != step;
-        }
-        auto const kept = on_screen();
-        EXPECT_TRUE(kept == painted_anew()) << step;
-    }
 }
 
 } // namespace kehystin

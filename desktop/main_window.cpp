@@ -53,6 +53,12 @@ class Surface : public QWidget {
     std::function<void()> resized_;
 };
 
+platform::WindowState stateOf(QWidget const& window) {
+    return window.isMinimized()   ? platform::WindowState::minimized
+           : window.isMaximized() ? platform::WindowState::maximized
+                                  : platform::WindowState::normal;
+}
+
 constexpr QSize decoration(2 * frameWidth, 2 * frameWidth + captionHeight);
 
 } // namespace
@@ -68,6 +74,16 @@ MainWindow::MainWindow(platform::Form& form, EventGate& gate)
     menuBar()->setNativeMenuBar(false);
     menuBar()->setFixedHeight(menuBarHeight);
     setCentralWidget(surface_);
+    // A window manager that maximises tells of the size before it tells of the state: a size is the
+    // normal one only when no state has followed it.
+    constexpr int aMoment = 300; // milliseconds
+    settled_.setSingleShot(true);
+    settled_.setInterval(aMoment);
+    settled_.callOnTimeout(this, [this] {
+        isRestored_ = false;
+        if (isNormal())
+            normal_ = seenGeometry();
+    });
 }
 
 QSize MainWindow::innerSize(QSize outer) {
@@ -91,21 +107,33 @@ void MainWindow::remove(platform::Control const& control) {
 void MainWindow::takeOverForm() {
     setWindowTitle(toQt(form_->Caption.get()));
     area_->setBackground(toColour(form_->BackColor));
+    takeOverState();
     takeOverGeometry();
     if (form_->Visible)
         widgets_.showAll();
 }
 
-void MainWindow::takeOverGeometry() {
-    auto const state = static_cast<platform::WindowState>(form_->WindowState.get());
-    auto const shape = state == platform::WindowState::maximized   ? Qt::WindowMaximized
-                       : state == platform::WindowState::minimized ? Qt::WindowMinimized
-                                                                   : Qt::WindowNoState;
-    if ((windowState() & (Qt::WindowMaximized | Qt::WindowMinimized)) != shape)
-        setWindowState(shape);
-    if (shape != Qt::WindowNoState)
+void MainWindow::takeOverState() {
+    auto const wanted = static_cast<platform::WindowState>(form_->WindowState.get());
+    if (wanted == stateOf(*this))
         return;
+    switch (wanted) {
+    case platform::WindowState::minimized: // what is maximised comes back maximised
+        return setWindowState(windowState() | Qt::WindowMinimized);
+    case platform::WindowState::maximized:
+        return setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowMaximized);
+    case platform::WindowState::normal:
+        return setWindowState(windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
+    }
+}
+
+/// Only what the program has changed: a window that is restored has its place and size from the
+/// window manager, while the form still knows those of the maximised one.
+void MainWindow::takeOverGeometry() {
     auto const wanted = formGeometry();
+    if (!isNormal() || wanted == known_)
+        return;
+    known_ = normal_ = wanted;
     if (pos() != wanted.topLeft())
         move(wanted.topLeft());
     if (size() != wanted.size() - decoration)
@@ -188,12 +216,20 @@ void MainWindow::moveEvent(QMoveEvent* event) {
 void MainWindow::sendGeometry() {
     if (!form_ || !isVisible() || isMinimized())
         return;
-    QRect const taken(pos(), size() + decoration);
+    if (isNormal())
+        settled_.start();
+    auto const taken = seenGeometry();
     auto const known = formGeometry();
     if (taken == known)
         return;
+    if (gate_.isRefreshing()) { // a change of state that shows at once
+        QMetaObject::invokeMethod(
+            this, [this] { sendGeometry(); }, Qt::QueuedConnection);
+        return;
+    }
+    known_ = taken;
     gate_.run([&] {
-        if (taken.topLeft() != known.topLeft() && !isMaximized())
+        if (taken.topLeft() != known.topLeft())
             platform::input::move_form(*form_, taken.x() * twipsPerPixel,
                                        taken.y() * twipsPerPixel);
         if (taken.size() != known.size())
@@ -207,14 +243,24 @@ QRect MainWindow::formGeometry() const {
             twipsToPixels(form_->Height)};
 }
 
+QRect MainWindow::seenGeometry() const {
+    return {pos(), size() + decoration};
+}
+
+QRect MainWindow::normalBounds() const {
+    return isNormal() && !isRestored_ ? seenGeometry() : normal_;
+}
+
 void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::WindowStateChange || !form_)
         return;
-    auto const state = isMinimized()   ? platform::WindowState::minimized
-                       : isMaximized() ? platform::WindowState::maximized
-                                       : platform::WindowState::normal;
-    gate_.run([&] { platform::input::set_window_state(*form_, state); });
+    isRestored_ = isNormal();
+    if (isRestored_)
+        settled_.start();
+    else
+        settled_.stop();
+    gate_.run([&] { platform::input::set_window_state(*form_, stateOf(*this)); });
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {

@@ -7,6 +7,7 @@
 
 #include <QMainWindow>
 #include <QMdiArea>
+#include <QTimer>
 
 namespace desktop {
 
@@ -27,6 +28,9 @@ class MainWindow : public QMainWindow, public FormView {
     platform::Control* controlAt(QWidget& widget, QPoint point) override;
     void discard() override;
 
+    /// The outer place and size that the window has when it is neither maximised nor minimised.
+    QRect normalBounds() const;
+
     /// Room inside frame, caption and menu bar, in pixels, when the outer size is this.
     static QSize innerSize(QSize outer);
 
@@ -40,11 +44,14 @@ class MainWindow : public QMainWindow, public FormView {
 
   private:
     void takeOverForm();
+    void takeOverState();
     void takeOverGeometry();
     void layOut();
     /// Tells the program where the window stands and what outer size it has.
     void sendGeometry();
     QRect formGeometry() const;
+    QRect seenGeometry() const;
+    bool isNormal() const { return !isMinimized() && !isMaximized(); }
 
     platform::Form* form_;
     EventGate& gate_;
@@ -53,6 +60,10 @@ class MainWindow : public QMainWindow, public FormView {
     FormMenus menus_;
     FormWidgets widgets_;
     bool layoutIsOld_ = true;
+    QRect known_;             // what window and form have last agreed on
+    QRect normal_;            // the last place and size that stood for a moment in the normal state
+    bool isRestored_ = false; // a moment ago; what the window has may still be the large size
+    QTimer settled_;
 };
 
 } // namespace desktop

@@ -182,6 +182,14 @@ platform::Size QtHost::inner_size(platform::Form const& form) const {
     return {inner.width() * twipsPerPixel, inner.height() * twipsPerPixel};
 }
 
+platform::Bounds QtHost::normal_bounds(platform::Form const& form) const {
+    if (!mainWindow_ || viewOf(form) != mainWindow_)
+        return Host::normal_bounds(form);
+    auto const bounds = mainWindow_->normalBounds();
+    return {bounds.left() * twipsPerPixel, bounds.top() * twipsPerPixel,
+            bounds.width() * twipsPerPixel, bounds.height() * twipsPerPixel};
+}
+
 platform::Date QtHost::now() const {
     auto const moment = QDateTime::currentDateTime();
     auto const date = moment.date();

@@ -12,6 +12,7 @@ ChildWindow::ChildWindow(platform::Form& form, QMdiArea& area, EventGate& gate)
     : form_(&form), gate_(gate), canvas_(new CardCanvas(form, gate)) {
     setObjectName(toQt(form.name()));
     setWidget(canvas_);
+    setSystemMenu(nullptr); // nothing in it that the border and the close button do not do
     setAttribute(Qt::WA_DeleteOnClose, false);
     setFocusPolicy(Qt::NoFocus);
     area.addSubWindow(this, Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
@@ -88,6 +89,23 @@ void ChildWindow::resizeEvent(QResizeEvent* event) {
 void ChildWindow::moveEvent(QMoveEvent* event) {
     QMdiSubWindow::moveEvent(event);
     sendGeometry();
+}
+
+// What the frame does not use must not go on to what lies behind it, where it would be a click
+// beside the card.
+void ChildWindow::mousePressEvent(QMouseEvent* event) {
+    QMdiSubWindow::mousePressEvent(event);
+    event->accept();
+}
+
+void ChildWindow::mouseReleaseEvent(QMouseEvent* event) {
+    QMdiSubWindow::mouseReleaseEvent(event);
+    event->accept();
+}
+
+void ChildWindow::mouseDoubleClickEvent(QMouseEvent* event) {
+    QMdiSubWindow::mouseDoubleClickEvent(event);
+    event->accept();
 }
 
 /// Place and size together: Qt tells of them one after the other, and between the two the program's

@@ -106,7 +106,7 @@ class Look : public QProxyStyle {
             return closeButton(whole);
         if (control == CC_TitleBar && part == SC_TitleBarLabel)
             return whole.adjusted(8, 0, -30, 0);
-        if (control == CC_TitleBar && part != SC_TitleBarSysMenu)
+        if (control == CC_TitleBar)
             return {};
         return QProxyStyle::subControlRect(control, option, part, widget);
     }
@@ -191,6 +191,7 @@ class Look : public QProxyStyle {
     static void drawTitleBar(QStyleOptionTitleBar const& bar, QPainter& painter,
                              QWidget const* widget) {
         painter.fillRect(bar.rect, bar.palette.color(QPalette::Mid));
+        drawTopOfFrame(bar, painter);
         auto const label = bar.rect.adjusted(8, 2, -30, 0);
         auto font = widget ? widget->font() : painter.font();
         font.setBold(true);
@@ -200,6 +201,15 @@ class Look : public QProxyStyle {
             painter.fontMetrics().elidedText(bar.text, Qt::ElideRight, label.width());
         painter.drawText(label, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, caption);
         drawCloseButton(bar, painter);
+    }
+
+    /// The line around the window goes on around its caption, which covers that part of the frame.
+    static void drawTopOfFrame(QStyleOptionTitleBar const& bar, QPainter& painter) {
+        painter.save();
+        clipToPixels(painter, bar.rect);
+        paintFrame(painter, bar.rect.adjusted(0, 0, 0, captionHeight),
+                   bar.palette.color(QPalette::Dark));
+        painter.restore();
     }
 
     static void drawCloseButton(QStyleOptionTitleBar const& bar, QPainter& painter) {

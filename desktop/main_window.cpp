@@ -30,12 +30,19 @@ class ChildArea : public QMdiArea {
     }
 
   protected:
+    void mousePressEvent(QMouseEvent* event) override { isPressed_ = isBare(*event); }
     void mouseReleaseEvent(QMouseEvent* event) override {
-        if (viewport()->rect().contains(event->position().toPoint()))
+        if (std::exchange(isPressed_, false) && isBare(*event))
             gate_.run([&] { platform::input::click_form(form_); });
     }
 
   private:
+    bool isBare(QMouseEvent const& event) const {
+        auto const point = event.position().toPoint();
+        return viewport()->rect().contains(point) && !viewport()->childAt(point);
+    }
+
+    bool isPressed_ = false;
     platform::Form& form_;
     EventGate& gate_;
 };

@@ -1,6 +1,8 @@
 // The main window and the card's: their sizes and states, and clicks on what is Qt's own of them.
 #include "tests/desktop/mouse_program.h"
 
+#include <QMdiArea>
+
 namespace kehystin {
 
 class Window : public MouseProgram {
@@ -49,6 +51,47 @@ TEST_F(Window, MaximisedOrMinimisedItRemembersItsNormalPlace) {
     EXPECT_TRUE(soon([&] { return form_size() != QSize(1300, 1000) + decoration; }));
     EXPECT_EQ(form_size(), window()->size() + decoration);
     EXPECT_EQ(normal_place().size(), QSize(1300, 1000) + decoration);
+}
+
+TEST_F(Window, OnlyAClickBesideTheCardDeselects) {
+    start(QStringLiteral("examples/asiakkaat.krt"));
+    window()->resize(1000, 700);
+    auto& area = *find_child<QMdiArea>(*window())->viewport();
+    auto& frame = *card_window();
+    frame.move(40, 40);
+    QPoint const beside(20, 20);
+    QPoint const places[] = {{frame.width() / 2, 1}, // border, caption, border
+                             {frame.width() / 2, 12},
+                             {1, frame.height() / 2}};
+    for (auto const button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        click(middle_of(3));
+        for (auto const place : places) {
+            QTest::mouseClick(&frame, button, {}, place);
+            EXPECT_EQ(selected(), QList{3}) << button;
+        }
+        // Nor does one that begins or ends on the card.
+        QTest::mousePress(&area, button, {}, beside);
+        QTest::mouseRelease(&area, button, {}, frame.pos() + places[1]);
+        QTest::mousePress(&frame, button, {}, places[1]);
+        QTest::mouseRelease(&frame, button, {}, beside - frame.pos());
+        EXPECT_EQ(selected(), QList{3}) << button;
+        frame.move(40, 40);
+        QTest::mouseClick(&area, button, {}, beside);
+        EXPECT_TRUE(selected().isEmpty()) << button;
+    }
+}
+
+TEST_F(Window, TheCaptionOfTheCardHasNoMenuThatCloses) {
+    start(QStringLiteral("examples/asiakkaat.krt"));
+    NextBox asked(QStringLiteral("Peruuta"));
+    for (int x = 1; x < 40; x += 3) {
+        QPoint const place(x, 10);
+        QTest::mouseMove(card_window(), place);
+        QTest::mouseDClick(card_window(), Qt::LeftButton, {}, place);
+        EXPECT_FALSE(QApplication::activePopupWidget()) << x;
+    }
+    EXPECT_FALSE(asked.was_shown());
+    EXPECT_TRUE(card_window());
 }
 
 } // namespace kehystin

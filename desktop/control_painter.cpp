@@ -14,6 +14,8 @@
 #include <QStyleOption>
 
 #include <algorithm>
+#include <cmath>
+#include <variant>
 
 namespace desktop {
 
@@ -44,13 +46,27 @@ void setTextPen(QPainter& painter, platform::TextControl const& control) {
                        : QApplication::palette().color(QPalette::Disabled, QPalette::Text));
 }
 
-void drawClipped(QPainter& painter, QRect const& place, int flags, QString const& text) {
-    if (text.isEmpty() || place.isEmpty())
+/// Only what sticks out of `clip` is cut off, not what sticks out of the place.
+void drawClipped(QPainter& painter, QRect const& clip, QRect const& place, int flags,
+                 QString const& text) {
+    if (text.isEmpty() || clip.isEmpty())
         return;
     painter.save();
-    clipToPixels(painter, place);
+    clipToPixels(painter, clip);
     painter.drawText(place, flags, text);
     painter.restore();
+}
+
+void drawClipped(QPainter& painter, QRect const& place, int flags, QString const& text) {
+    drawClipped(painter, place, place, flags, text);
+}
+
+/// Where lines of text stand inside a frame: with a little space around them, but for the space
+/// above them where that would cut the feet off the only line.
+QRect linesInside(QPainter const& painter, QRect const& inside) {
+    double const spare = inside.height() - painter.fontMetrics().height();
+    int const above = std::min(1, static_cast<int>(std::floor(spare / 2)));
+    return inside.adjusted(fieldMargin, above, -fieldMargin, 0);
 }
 
 QRect drawField(QPainter& painter, platform::TextControl const& control, QRect const& place) {
@@ -100,16 +116,14 @@ void paintTextBox(QPainter& painter, platform::TextBox const& box, QRect const& 
     }
     setTextPen(painter, box);
     auto const text = toQtLines(box.Text.get());
-    auto const area = inside.adjusted(fieldMargin, 1, -fieldMargin, -1);
-    if (box.MultiLine) {
-        drawClipped(painter, area, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, text);
-        return;
-    }
     // One line stands in the middle of a box made for one line, and at the top of a taller one.
-    bool const tall = area.height() >= 2 * painter.fontMetrics().height();
-    drawClipped(painter, area,
-                Qt::AlignLeft | (tall ? Qt::AlignTop : Qt::AlignVCenter) | Qt::TextSingleLine,
-                text);
+    bool const atTop =
+        box.MultiLine || inside.height() >= 2 * painter.fontMetrics().height() + fieldFrame * 2;
+    int const flags = (box.MultiLine ? Qt::TextWordWrap : Qt::TextSingleLine) |
+                      (atTop ? Qt::AlignTop : Qt::AlignVCenter) | Qt::AlignLeft;
+    auto const lines = linesInside(painter, inside);
+    auto const whole = inside.adjusted(fieldMargin, 0, -fieldMargin, 0);
+    drawClipped(painter, whole, atTop ? lines : whole, flags, text);
 }
 
 /// The mark at the left edge, the caption beside it, both in the middle of the height.
@@ -155,10 +169,11 @@ void paintListBox(QPainter& painter, platform::ListBox const& box, QRect const& 
     auto const inside = drawField(painter, box, place);
     setTextPen(painter, box);
     int const step = painter.fontMetrics().height();
-    auto line = inside.adjusted(fieldMargin, 1, -fieldMargin, 0);
+    auto line = linesInside(painter, inside);
     for (int i = 0; i < box.ListCount() && line.top() <= inside.bottom(); ++i) {
-        drawClipped(painter, QRect(line.left(), line.top(), line.width(), step) & inside,
-                    Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, toQt(box.List(i)));
+        QRect const one(line.left(), line.top(), line.width(), step);
+        drawClipped(painter, one & inside, one, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
+                    toQt(box.List(i)));
         line.translate(0, step);
     }
 }
@@ -171,6 +186,17 @@ void paintButton(QPainter& painter, platform::Button const& button, QRect const&
     painter.setFont(fontFor(button.font()));
     style().drawControl(QStyle::CE_PushButton, &option, &painter);
     drawPicture(painter, button.Picture, place);
+}
+
+/// True for a box on which its own picture has been painted, in some other size: it is to be seen
+/// in that one only, also where the painted one can be seen through.
+bool isPaintedOn(platform::PictureBox const& box) {
+    auto const& picture = box.Picture.get();
+    auto const& items = box.drawing().items();
+    return !picture.empty() && std::any_of(items.begin(), items.end(), [&](auto const& item) {
+        auto const* const painted = std::get_if<platform::DrawingLayer::PaintedPicture>(&item);
+        return painted && painted->picture == picture;
+    });
 }
 
 } // namespace
@@ -208,7 +234,8 @@ void paintPictureBox(QPainter& painter, platform::PictureBox const& box, QRect c
         paintFrame(painter, place, QApplication::palette().color(QPalette::Shadow));
         inside.adjust(1, 1, -1, -1);
     }
-    drawPicture(painter, box.Picture, inside);
+    if (!isPaintedOn(box))
+        drawPicture(painter, box.Picture, inside);
     if (box.drawing().empty())
         return;
     painter.save();

@@ -146,4 +146,87 @@ INSTANTIATE_TEST_SUITE_P(Cards, Painting,
                          testing::Values("examples/sukukirja.krt", "examples/jasenet.krt",
                                          "examples/kolmesataa.krt"));
 
+class Painted : public MouseProgram {
+  protected:
+    /// The pixels of a control on the card, with some of what is around it.
+    QImage picture_of(Control const& control, int around = 0) {
+        QCoreApplication::processEvents();
+        dynamic_cast<desktop::CardCanvas*>(canvas())->updateBackground();
+        QRect const place(int(control.Left), int(control.Top), int(control.Width),
+                          int(control.Height));
+        return canvas()->grab().toImage().copy(place.adjusted(-around, -around, around, around));
+    }
+    /// How many rows of pixels the text in a field has ink in.
+    int ink_of(Control const& control) {
+        auto const picture = picture_of(control);
+        int rows = 0;
+        for (int y = 2; y < picture.height() - 1; ++y)
+            for (int x = 3; x < 40; ++x)
+                if (picture.pixelColor(x, y).lightness() < 128) {
+                    ++rows;
+                    break;
+                }
+        return rows;
+    }
+    Control& first(Style style) {
+        for (int i = 1; i <= card.fields; ++i)
+            if (field(i).style == static_cast<int>(style))
+                return fCard->visual(style, i);
+        ADD_FAILURE();
+        return *fCard;
+    }
+};
+
+TEST_F(Painted, ATextKeepsItsFeetInALowField) {
+    start_free(QStringLiteral("examples/sukukirja.krt"));
+    for (auto const style : {Style::TXT, Style::STX, Style::LST}) {
+        auto& object = first(style);
+        dynamic_cast<TextControl&>(object).FontSize = 8;
+        if (auto* const box = dynamic_cast<TextBox*>(&object))
+            box->Text = "gjpqy";
+        object.Height = 40;
+        int const whole = ink_of(object);
+        EXPECT_GT(whole, 7);
+        object.Height = 14;
+        EXPECT_EQ(ink_of(object), whole) << static_cast<int>(style);
+    }
+}
+
+TEST_F(Painted, ALowBoxPaintsNothingOutsideItself) {
+    start_free(QStringLiteral("examples/sukukirja.krt"));
+    auto& box = first(Style::STX);
+    for (int height = 20; height >= 1; --height) {
+        box.Height = height;
+        auto const with = picture_of(box, 20);
+        box.Visible = false;
+        auto const without = picture_of(box, 20);
+        box.Visible = true;
+        int differing = 0;
+        for (int y = 0; y < with.height(); ++y)
+            for (int x = 0; x < with.width(); ++x)
+                differing +=
+                    (y < 20 || y >= 20 + height) && with.pixel(x, y) != without.pixel(x, y);
+        EXPECT_EQ(differing, 0) << height;
+    }
+}
+
+TEST_F(Painted, APictureThatIsPaintedStretchedIsSeenOnce) {
+    start_free(QStringLiteral("examples/sukukirja.krt"));
+    QImage drawn(8, 8, QImage::Format_ARGB32);
+    drawn.fill(Qt::transparent);
+    drawn.setPixelColor(7, 7, Qt::red);
+    auto const file = folder.filePath(QStringLiteral("piste.png"));
+    ASSERT_TRUE(drawn.save(file));
+    auto& box = dynamic_cast<PictureBox&>(first(Style::IMG));
+    box.BorderStyle = 0;
+    box.BackColor = colours::white;
+    box.Cls();
+    box.Picture = host->LoadPicture(file.toStdString());
+    EXPECT_EQ(picture_of(box).pixelColor(7, 7), QColor(Qt::red));
+    box.PaintPicture(box.Picture, 0, 0, box.Width, box.Height);
+    auto const stretched = picture_of(box);
+    EXPECT_EQ(stretched.pixelColor(7, 7), QColor(Qt::white));
+    EXPECT_EQ(stretched.pixelColor(stretched.width() - 2, stretched.height() - 2), QColor(Qt::red));
+}
+
 } // namespace kehystin

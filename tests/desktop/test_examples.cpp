@@ -2,6 +2,7 @@
 #include "tests/desktop/real_program.h"
 
 #include <QComboBox>
+#include <QFileInfo>
 #include <QMdiSubWindow>
 
 namespace kehystin {
@@ -23,7 +24,8 @@ TEST_P(Example, StandsInItsWindowAsTheRecordsSay) {
     start(path);
     EXPECT_EQ(report.was_shown(), QLatin1String(GetParam()) == QLatin1String("rikki.krt"));
     ASSERT_GT(card.fields, 0);
-    EXPECT_EQ(window()->windowTitle(), QString::fromStdString(" Kehystin 5.6 - ") + path);
+    EXPECT_EQ(window()->windowTitle(),
+              QStringLiteral(" Kehystin 5.6 - ") + QFileInfo(path).absoluteFilePath());
 
     // The card's window has the card's size, and its name.
     auto* const card_frame = qobject_cast<QMdiSubWindow*>(card_window());

@@ -3,6 +3,7 @@
 #include "desktop/look.h"
 #include "desktop/message_box.h"
 #include "desktop/text.h"
+#include "desktop/window_place.h"
 #include "platform/errors.h"
 #include "platform/text.h"
 
@@ -197,6 +198,10 @@ std::string askFile(QWidget* owner, platform::CommonDialog const& settings, File
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Peruuta"));
     if (auto const folder = firstFolder(settings); !folder.isEmpty())
         dialog.setDirectory(folder);
+    // By itself it may come up taller than a small screen.
+    constexpr QSize ordinary(620, 440);
+    auto const room = roomFor(owner).marginsRemoved(frameFor(owner)).size();
+    dialog.resize(ordinary.boundedTo(room));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         throw platform::RuntimeError(platform::ErrorNumber::cancelled);
     auto const chosen = dialog.selectedFiles().constFirst();

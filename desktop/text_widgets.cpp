@@ -158,6 +158,7 @@ void TextField::takeOverText() {
         return;
     if (!hasFocus()) {
         setText(wanted);
+        setCursorPosition(0); // a long text shows its beginning
         return;
     }
     // Only the difference is put in, so that what the user did before can still be undone.
@@ -226,6 +227,11 @@ void TextField::focusOutEvent(QFocusEvent* event) {
     // has yet to hear where the keyboard goes, and would take it back.
     losesFocus_ = true;
     QLineEdit::focusOutEvent(event);
+    // Behind a menu of the widget's own, or another window, the keyboard comes back here.
+    bool const comesBack =
+        event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
+    if (!comesBack)
+        setCursorPosition(0);
     losesFocus_ = false;
 }
 

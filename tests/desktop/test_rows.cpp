@@ -74,6 +74,27 @@ TEST_F(Rows, ANumberThatCannotStandComesBackAndTheKeyboardGoesWhereTheUserTookIt
     EXPECT_NE(before, 2);
 }
 
+TEST_F(Rows, WithoutTheKeyboardALongTextShowsItsBeginning) {
+    open_row("txt_left");
+    field(5).value = "Alku " + std::string(60, 'x') + " loppu";
+    click(middle_of(3));
+    click(middle_of(5));
+    auto& value = static_cast<QLineEdit&>(widget("txt_value"));
+    auto const shows_from = [&] { return value.cursorPositionAt({0, value.height() / 2}); };
+    ASSERT_TRUE(value.text().startsWith(QStringLiteral("Alku")));
+    EXPECT_FALSE(value.hasFocus());
+    EXPECT_EQ(shows_from(), 0);
+    take_keyboard("txt_value");
+    QTest::keyClick(&value, Qt::Key_End);
+    value.repaint();
+    EXPECT_GT(shows_from(), 0);
+    int const caret = fEditor->txt_value.SelStart;
+    take_keyboard("txt_top");
+    value.repaint();
+    EXPECT_EQ(shows_from(), 0);
+    EXPECT_EQ(fEditor->txt_value.SelStart, caret);
+}
+
 TEST_F(Rows, TabWalksTheRowsAsTheyStand) {
     open_row("txt_size");
     char const* const rows[] = {"txt_fontName", "txt_fontSize", "txt_fontBold", "txt_fontItalic",

@@ -4,6 +4,7 @@
 #include "desktop/fonts.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QIconEngine>
 #include <QPainter>
 #include <QProxyStyle>
@@ -300,13 +301,32 @@ QColor systemColour(int number) {
     }
 }
 
+/// What is set for all widgets takes away what a theme has set for some classes of them, as menus
+/// and titles.
+void setColoursAndFonts() {
+    QApplication::setPalette(calmPalette());
+    QApplication::setFont(interfaceFont());
+    QApplication::setFont(boxFont(), "QDialog");
+}
+
+/// A theme that comes or changes after the start brings fonts of its own for menus, titles and
+/// others; all of them stay of one family.
+class ThemeWatch : public QObject {
+  public:
+    explicit ThemeWatch(QObject& application) : QObject(&application) {}
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::ThemeChange && watched->isWindowType())
+            setColoursAndFonts();
+        return false;
+    }
+};
+
 } // namespace
 
 void applyLook(QApplication& application) {
     QApplication::setStyle(new Look);
-    QApplication::setPalette(calmPalette());
-    application.setFont(interfaceFont());
-    application.setFont(boxFont(), "QDialog");
+    setColoursAndFonts();
+    application.installEventFilter(new ThemeWatch(application));
 }
 
 QColor toColour(platform::Colour colour) {

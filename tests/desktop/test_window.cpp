@@ -2,6 +2,8 @@
 #include "tests/desktop/mouse_program.h"
 
 #include <QMdiArea>
+#include <QMenu>
+#include <QWindow>
 
 namespace kehystin {
 
@@ -92,6 +94,22 @@ TEST_F(Window, TheCaptionOfTheCardHasNoMenuThatCloses) {
     }
     EXPECT_FALSE(asked.was_shown());
     EXPECT_TRUE(card_window());
+}
+
+TEST_F(Window, AThemeBringsNoFontsOfItsOwn) {
+    start(QStringLiteral("examples/asiakkaat.krt"));
+    auto const menu = QApplication::font("QMenu");
+    auto const box = QApplication::font("QDialog");
+    char const* const classes[] = {"QMenu", "QMenuBar", "QMdiSubWindowTitleBar", "QDialog"};
+    for (auto const* const one : classes)
+        QApplication::setFont(QFont(QStringLiteral("DejaVu Serif"), 15), one);
+    QEvent changed(QEvent::ThemeChange);
+    QCoreApplication::sendEvent(window()->windowHandle(), &changed);
+    for (auto const* const one : {"QMenu", "QMenuBar", "QMdiSubWindowTitleBar"})
+        EXPECT_EQ(QApplication::font(one), menu) << one;
+    EXPECT_EQ(QApplication::font("QDialog"), box);
+    EXPECT_EQ(window()->findChild<QMenu*>()->font().family(), menu.family());
+    EXPECT_EQ(card_window()->font().family(), widget("cmb_field").font().family());
 }
 
 } // namespace kehystin

@@ -39,7 +39,6 @@ void cmd_lopeta_Click() {
         note_window_place();
         step = 3;
         WriteSettings();
-        step = 4;
     } catch (RuntimeError const& error) {
         standard_report(" Kehystimestä poistuminen aiheutti virheen     ", error,
                         " [P: " + std::to_string(step) + "]    ");

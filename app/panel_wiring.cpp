@@ -148,6 +148,7 @@ void wire_list_editor() {
 
 void wire_panel() {
     fEditor->cmb_field.Click = cmb_field_Click;
+    fEditor->cmb_field.Picked = cmb_field_Picked;
     fEditor->scr_pro.Change = scr_pro_Change;
     fEditor->proPic.MouseDown = proPic_MouseDown;
     for (auto const& one : panel_rows()) {

@@ -54,9 +54,10 @@ void closeTimer_Timer() {
 void MDIForm_Click() {
     if (!session.cardFormLoaded)
         return;
-    zip_focus();
-    hide_pop_ups(); // what they offer would act on nothing
+    // First of all: a pop-up that loses the keyboard lets its row show the chosen field again.
     fEditor->cmb_field.ListIndex = -1;
+    hide_pop_ups(); // what they offer would act on nothing
+    zip_focus();
     using enum Code;
     UpdateCommandState(keep, off, off, off, off, keep);
     if (fEditor->stsBar.Visible)

@@ -128,8 +128,9 @@ void CardRepair::store(CardMember const& member, int element, std::string_view v
     }
     case Judged::highest: {
         // As both are stored: two numbers may be one in 32 bits.
-        float const number = to_single(Val(value));
-        real(ref) = number > card.asiakasMin ? number : card.asiakasMin + 100;
+        double const number = Val(value);
+        bool const above = number > card.asiakasMin && to_single(number) > card.asiakasMin;
+        real(ref) = above ? to_single(number) : card.asiakasMin + 100;
         break;
     }
     case Judged::date:
@@ -155,8 +156,6 @@ void CardRepair::store(FieldMember const& member, int number, std::string_view v
         std::get<FixedTextRef>(ref).assign_bytes(to_code_page(accepted_font(value)));
         break;
     case Judged::colour:
-        store_number(ref, Val(value));
-        break;
     case Judged::any_flag:
         store_number(ref, Val(value));
         break;

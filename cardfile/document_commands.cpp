@@ -58,7 +58,7 @@ void show_file_in_title() {
 void bring_up_card() {
     show_card_bars();
     unlock_fields();
-    center_card();
+    center_new_card();
     upd_gg();
     fEditor->cmb_field.ListIndex = 0;
     FillLinkList();
@@ -270,13 +270,14 @@ void cmd_open_Click() {
 }
 
 void cmdTallenna_Click() {
-    RecordWatch const watch;
-    run_command(save_card, [](RuntimeError const& error, int step) {
+    auto const report = [](RuntimeError const& error, int step) {
         standard_report(" Korttimallin tallentaminen aiheutti virheen     ", error,
                         lines({"  (S" + std::to_string(step) + ")     ",
                                " Korttimallin tallentaminen on keskeytetty.     "}));
-    });
-    watch.refresh();
+    };
+    RecordWatch const watch;
+    run_command(save_card, report);
+    run_command([&](int&) { watch.refresh(); }, report);
 }
 
 void cmdTallennaNimella_Click() {

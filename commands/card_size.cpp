@@ -78,10 +78,16 @@ void center_around_selection() {
 void center_card() {
     if (!session.cardFormLoaded)
         return;
-    if (card_is_held()) {
-        fEditor->paintTimer.Enabled = true;
+    if (!card_is_held()) {
+        center_new_card();
         return;
     }
+    session.centring_due = true;
+    fEditor->paintTimer.Enabled = true;
+}
+
+void center_new_card() {
+    session.centring_due = false;
     Integer across = 0;
     for (auto const* const bar : {&fEditor->fldBar, &fEditor->proBar})
         if (bar->Visible)

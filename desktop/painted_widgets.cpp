@@ -115,10 +115,7 @@ void PaintedWidget::wheelEvent(QWheelEvent* event) {
         return QWidget::wheelEvent(event);
     constexpr int notch = 120;
     int const steps = event->angleDelta().y() * 3 / notch;
-    int const wanted = bar->Value - steps * bar->SmallChange;
-    int const least = std::min(bar->Min.get(), bar->Max.get());
-    int const most = std::max(bar->Min.get(), bar->Max.get());
-    gate().run([&] { platform::input::scroll(*bar, std::clamp(wanted, least, most)); });
+    gate().run([&] { platform::input::step(*bar, -steps); });
 }
 
 StatusBarWidget::StatusBarWidget(platform::StatusBar& bar, QWidget& parent, EventGate& gate)

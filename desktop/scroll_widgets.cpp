@@ -55,12 +55,7 @@ ArrowPair::ArrowPair(platform::ScrollBar& bar, QWidget& parent, EventGate& gate)
 void ArrowPair::step(Arrow arrow) {
     if (!control() || arrow == Arrow::none)
         return;
-    auto& bar = barOf(control());
-    int const least = std::min(bar.Min.get(), bar.Max.get());
-    int const most = std::max(bar.Min.get(), bar.Max.get());
-    int const towardsMax = bar.Max >= bar.Min ? bar.SmallChange.get() : -bar.SmallChange;
-    int const wanted = bar.Value + (arrow == Arrow::up ? -towardsMax : towardsMax);
-    gate().run([&] { platform::input::scroll(bar, std::clamp(wanted, least, most)); });
+    gate().run([&] { platform::input::step(barOf(control()), arrow == Arrow::up ? -1 : 1); });
 }
 
 void ArrowPair::hold(Arrow arrow) {

@@ -66,7 +66,8 @@ void cmd_ok_Click() {
     std::vector<int> titles;
     for (int i = 0; i < fCols->lst.ListCount(); ++i)
         titles.push_back(fCols->lst.ItemData(i));
-    move_data(titles);
+    if (session.cardFormLoaded) // the titles are the card's
+        move_data(titles);
     fCols->Close();
 }
 

@@ -5,7 +5,6 @@
 #include "layout/placing.h"
 #include "model/card.h"
 #include "model/session.h"
-#include "panel/selection_rows.h"
 
 #include <algorithm>
 
@@ -77,15 +76,6 @@ Places aligned(std::vector<int> const& selected, Axis const& axis, Edge edge) {
     return places;
 }
 
-/// The row's arrows count on from the place that all fields have now, if they have one.
-void follow_in_scroll_bar(Axis const& axis) {
-    if (!selection_agrees_in(axis.row))
-        return;
-    PanelUpdate const filling;
-    auto const selected = selected_fields();
-    ((*fEditor).*panel_row(axis.row).scroll).Value = -int{field(selected.front()).*axis.place};
-}
-
 void align(Axis const& axis, Edge edge) {
     auto const selected = selected_fields();
     auto const places = aligned(selected, axis, edge);
@@ -94,7 +84,6 @@ void align(Axis const& axis, Edge edge) {
         editor_of(axis.row).Text = edge == Edge::lower ? Format(lowest_edge(selected, axis)) : "";
     }
     axis.carry_out(places);
-    follow_in_scroll_bar(axis);
     finish_layout();
 }
 

@@ -30,7 +30,8 @@ struct Session {
     Flag isSizing;         ///< window sizes are being set: resize handlers stand aside
     Flag cardFormLoaded;
     Flag cardModified;
-    Flag needNewID; ///< the next save gives the card a new identity
+    Flag centring_due; ///< asked for while the user had hold of the card
+    Flag needNewID;    ///< the next save gives the card a new identity
     Flag fieldsLocked;
     Flag dialogCancelled;
     Flag tipShown;

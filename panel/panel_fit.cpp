@@ -1,6 +1,7 @@
 #include "panel/panel_fit.h"
 
 #include "commands/card_size.h"
+#include "model/session.h"
 #include "panel/rows.h"
 #include "platform/system.h"
 
@@ -71,6 +72,8 @@ void paintTimer_Timer() {
     fit_rows(fit_scroll_bar());
     if (form.cmd_card_autocenter.Checked)
         center_around_selection();
+    else if (session.centring_due)
+        center_card();
     form.paintTimer.Enabled = false;
 }
 

@@ -68,8 +68,8 @@ std::string first_item(Field const& one) {
     return items.empty() ? std::string() : items.front();
 }
 
+/// Scroll bars run negative, so that up means more. A negative place is taken as it is.
 void fill_scroll_bar(ScrollBar& bar, int value) {
-    // Scroll bars run negative, so that up means more. A negative place is taken as it is.
     bar.Value = value < 0 ? value : -value;
 }
 
@@ -202,6 +202,24 @@ std::string row_text(Row row, Field& one) {
     return {};
 }
 
+void fill_row_scroll_bar(Row row, Field& one) {
+    auto& bar = (*fEditor).*panel_row(row).scroll;
+    switch (row) {
+    case Row::size:
+        return fill_scroll_bar(bar, one.size);
+    case Row::left:
+        return fill_scroll_bar(bar, one.left);
+    case Row::top:
+        return fill_scroll_bar(bar, one.top);
+    case Row::width:
+        return fill_scroll_bar(bar, one.width);
+    case Row::height:
+        return fill_scroll_bar(bar, one.height);
+    default:
+        return;
+    }
+}
+
 void fill_row(Row row, Field& one) {
     auto& form = *fEditor;
     switch (row) {
@@ -211,21 +229,6 @@ void fill_row(Row row, Field& one) {
     case Row::back_color:
         form.BC.BackColor = one.backColor;
         return;
-    case Row::size:
-        form.scr_size.Value = -int{one.size};
-        break;
-    case Row::left:
-        fill_scroll_bar(form.scr_left, one.left);
-        break;
-    case Row::top:
-        fill_scroll_bar(form.scr_top, one.top);
-        break;
-    case Row::width:
-        fill_scroll_bar(form.scr_width, one.width);
-        break;
-    case Row::height:
-        fill_scroll_bar(form.scr_height, one.height);
-        break;
     case Row::value:
         fill_value_list(one);
         break;
@@ -233,7 +236,7 @@ void fill_row(Row row, Field& one) {
         fill_list_editor(one);
         break;
     default:
-        break;
+        fill_row_scroll_bar(row, one);
     }
     (form.*panel_row(row).editor).Text = row_text(row, one);
 }

@@ -270,6 +270,12 @@ void show_common_rows(std::vector<int> const& numbers) {
     give_keyboard_back(keyboard);
 }
 
+/// The first of the selected fields that have the row, when they agree in it; else 0.
+int agreed_field(Row row) {
+    auto const compared = compared_fields(row, selected_fields());
+    return !compared.empty() && agree_in(row, compared) ? compared.front() : 0;
+}
+
 Code code(bool on) {
     return on ? Code::on : Code::off;
 }
@@ -281,11 +287,6 @@ bool all_same(std::string_view key) {
         if (property.key == key)
             return agree_on(property, selected_fields());
     return true;
-}
-
-bool selection_agrees_in(Row row) {
-    auto const compared = compared_fields(row, selected_fields());
-    return !compared.empty() && agree_in(row, compared);
 }
 
 void refill_changed_rows(std::vector<Field> const& before) {
@@ -301,10 +302,18 @@ void refill_changed_rows(std::vector<Field> const& before) {
     }
 }
 
+bool follow_in_scroll_bar(Row row) {
+    int const spokesman = agreed_field(row);
+    if (spokesman == 0)
+        return false;
+    PanelUpdate const filling;
+    fill_row_scroll_bar(row, field(spokesman));
+    return true;
+}
+
 std::string common_text(Row row) {
-    if (!selection_agrees_in(row))
-        return {};
-    return row_text(row, field(compared_fields(row, selected_fields()).front()));
+    int const spokesman = agreed_field(row);
+    return spokesman == 0 ? std::string() : row_text(row, field(spokesman));
 }
 
 void set_pro() {

@@ -24,8 +24,9 @@ bool all_same(std::string_view key);
 /// they were `before`, by number.
 void refill_changed_rows(std::vector<Field> const& before);
 
-/// True when a row shows one value for all selected fields: they agree in it.
-bool selection_agrees_in(Row row);
+/// Sets a row's scroll bar to the number on which the selected fields agree. False, and nothing
+/// done, when they do not.
+bool follow_in_scroll_bar(Row row);
 
 /// What a row shows of the selected fields: the text on which those agree that have the row, or
 /// nothing.

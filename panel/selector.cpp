@@ -69,10 +69,13 @@ void cmb_field_Click() {
     }
     if (fEditor->stsBar.Visible)
         upd_sts();
-    // Chosen in the selector itself: what the mouse has chosen is in sight already.
-    if (chosen != 0 && keyboard == &fEditor->cmb_field && !card_is_held())
-        reveal_field(chosen);
     give_keyboard_back(keyboard);
+}
+
+void cmb_field_Picked() {
+    int const chosen = fEditor->cmb_field.ListIndex;
+    if (chosen > 0 && session.cardFormLoaded && !card_is_held())
+        reveal_field(chosen);
 }
 
 } // namespace kehystin

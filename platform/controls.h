@@ -112,6 +112,8 @@ class ListControl : public TextControl {
     using TextControl::TextControl;
 
     ListIndexProperty ListIndex{*this};
+    /// The user has chosen an item, after Click. Setting ListIndex does not raise it.
+    Event Picked;
 
     /// Adds behind the last item, or before the item `at`.
     void AddItem(std::string_view text, int at = -1);
@@ -270,7 +272,8 @@ class ScrollBar : public Control {
     Property<int> LargeChange{*this, 1};
 
     Event Change;
-    /// Asked before a user moves the bar; false leaves it where it stands.
+    /// Asked before a user moves the bar; false leaves it where it stands. May first set the value
+    /// that the user's step counts from.
     std::function<bool()> QueryScroll;
 
     ControlClass control_class() const override { return ControlClass::scroll_bar; }

@@ -266,6 +266,7 @@ void pick(ListControl& list, int index) {
     System::at_edge([&] {
         System::current().move_focus(&list);
         list.ListIndex = index;
+        list.Picked(list.index());
     });
 }
 
@@ -274,6 +275,17 @@ void scroll(ScrollBar& bar, int value) {
     System::at_edge([&] {
         if (!bar.QueryScroll || bar.QueryScroll())
             bar.Value = value;
+    });
+}
+
+void step(ScrollBar& bar, int steps) {
+    require_reachable(bar);
+    System::at_edge([&] {
+        if (bar.QueryScroll && !bar.QueryScroll())
+            return;
+        auto const [least, most] = std::minmax({bar.Min.get(), bar.Max.get()});
+        int const towards_max = bar.Max >= bar.Min ? bar.SmallChange.get() : -bar.SmallChange;
+        bar.Value = std::clamp(bar.Value + steps * towards_max, least, most);
     });
 }
 

@@ -43,7 +43,11 @@ void paste(TextBox& box, std::string_view text, std::optional<int> caret = std::
 void select(TextBox& box, int start, int length);
 
 void pick(ListControl& list, int index);
+/// The user takes the bar to a value.
 void scroll(ScrollBar& bar, int value);
+/// The user moves the bar by small changes towards its Max (towards its Min when negative), not
+/// beyond its ends.
+void step(ScrollBar& bar, int steps);
 
 /// Mouse on the inside of a form, in pixels. A press belongs to the topmost object there that takes
 /// the mouse, and so do the moves and the release after it, which is how a captured mouse works.

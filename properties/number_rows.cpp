@@ -138,7 +138,7 @@ void number_scr_Change(Row row) {
 }
 
 bool number_can_scroll(Row row) {
-    return is_card_side(row) || selection_agrees_in(row);
+    return is_card_side(row) || follow_in_scroll_bar(row);
 }
 
 void txt_tabindex_Change() {

@@ -14,7 +14,7 @@ void number_LostFocus(Row row);
 void number_scr_Change(Row row);
 
 /// Whether a user's arrow does anything: not while the selected fields differ in the row, for there
-/// is no number to count on from.
+/// is no number to count on from. The arrows count on from what the fields have now.
 bool number_can_scroll(Row row);
 
 /// "Tab-indeksi": moves the field's object in the tab order, which renumbers the others.

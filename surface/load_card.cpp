@@ -34,11 +34,9 @@ class Sizing {
 /// A missing picture is passed over in silence.
 Picture picture_of_card(Background const& known, std::string* fault) {
     auto const path = card.picture.trim();
-    if (path == known.left_out)
-        return {};
     if (!known.standing.empty() && known.standing.name() == path)
         return known.standing;
-    if (!names_a_file(path))
+    if (path == known.left_out || !names_a_file(path))
         return {};
     try {
         return with_memory_checked([&] { return LoadPicture(path); });

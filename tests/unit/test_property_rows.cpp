@@ -362,6 +362,26 @@ TEST_F(PropertyRows, APlaceAtTheEndOfTheNumberRangeIsShownAndLeftAlone) {
     }
 }
 
+TEST_F(PropertyRows, ArrowsCountOnFromWhatTheSelectedFieldsHaveNow) {
+    show_all_kinds();
+    fEditor->cmb_field.ListIndex = 1;
+    fCard->focus(2).Visible = true;
+    set_pro();
+    input::focus(fEditor->txt_top);
+    auto& arrows = fEditor->scr_top;
+    field(2).top = 90;
+    input::step(arrows, -1);
+    EXPECT_EQ(field(1).top, 20);
+    EXPECT_EQ(field(2).top, 90);
+    // A command brings them into line without telling the row.
+    field(1).top = field(2).top = 74;
+    input::step(arrows, -1);
+    EXPECT_EQ(field(1).top, 75);
+    EXPECT_EQ(field(2).top, 75);
+    input::step(arrows, 200);
+    EXPECT_EQ(field(1).top, 75); // the card does not begin there
+}
+
 TEST_F(PropertyRows, ScrollBarsTakeEverySixteenBitValue) {
     show_all_kinds();
     fEditor->cmb_field.ListIndex = 2;

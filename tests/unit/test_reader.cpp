@@ -266,7 +266,8 @@ TEST_F(Reader, NumbersAreJudgedAsTheyAreWritten) {
 TEST_F(Reader, TheHighestNumberIsComparedAsItIsStored) {
     for (auto const& [lowest, highest, stored] : {std::tuple{"1.3", "1.3", 101.3F},
                                                   {"16777216", "16777217", 16777316.0F},
-                                                  {"1.3", "1.4", 1.4F}}) {
+                                                  {"1.3", "1.4", 1.4F},
+                                                  {"1", "-1e300", 101.0F}}) {
         value("card.asiakasMin", lowest);
         value("card.asiakasMax", highest);
         ASSERT_TRUE(read());

@@ -51,6 +51,7 @@ bool settle_changes(std::string_view question, int flags) {
 }
 
 void show_file_in_title() {
+    session.open_folder = folder_part(session.cardFile);
     fEditor->Caption = session.appTitle + " - " + session.cardFile;
 }
 
@@ -71,6 +72,7 @@ void begin_new_document() {
     card.ID = "";
     session.needNewID = true;
     session.cardFile.clear();
+    session.open_folder.clear();
     fEditor->Caption = session.appTitle + " - Uusi kortti";
 }
 

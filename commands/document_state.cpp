@@ -27,7 +27,7 @@ void clear_card_changed() {
 }
 
 std::string open_card_folder() {
-    return session.cardFormLoaded ? folder_part(session.cardFile) : std::string();
+    return session.cardFormLoaded ? session.open_folder : std::string();
 }
 
 } // namespace kehystin

@@ -41,7 +41,9 @@ std::string_view tip_of(Control const& control) {
 } // namespace
 
 void tipTimer_Timer() {
-    auto const* const control = host().control_under_mouse();
+    // Under a modal form nothing is pointed at, wherever the mouse was left.
+    auto const* const control =
+        System::current().active_modal() ? nullptr : host().control_under_mouse();
     if (control == session.tip_control)
         return;
     session.tip_control = control;

@@ -126,10 +126,15 @@ void CardCanvas::paintEvent(QPaintEvent* event) {
 }
 
 void CardCanvas::paintStanding(QRegion region) {
-    // A picture comes out a shade different where a clip cuts it: it is painted as a whole.
-    for (auto const& shown : std::as_const(shown_))
-        if (shown.kind == ControlClass::picture_box && region.intersects(withEdges(shown.place)))
-            region += withEdges(shown.place);
+    // A picture comes out a shade different where a clip cuts it: it is painted as a whole, and so
+    // are those that it meets.
+    for (QRegion before; before != region;) {
+        before = region;
+        for (auto const& shown : std::as_const(shown_))
+            if (shown.kind == ControlClass::picture_box &&
+                region.intersects(withEdges(shown.place)))
+                region += withEdges(shown.place);
+    }
     QPainter painter(&standing_.image());
     standing_.alignPainter(painter);
     painter.setClipRegion(region);

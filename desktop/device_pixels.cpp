@@ -13,11 +13,6 @@ namespace {
 
 constexpr double tiny = 1e-6; // what is lost in dividing by a ratio and multiplying by it again
 
-/// From here on the painter works in pixels of its device.
-void useDevicePixels(QPainter& painter) {
-    painter.setWorldTransform(painter.deviceTransform().inverted() * painter.worldTransform());
-}
-
 /// The device pixels of a rectangle, its edges rounded: neighbours that touch go on touching.
 QRect devicePixels(QPainter const& painter, QRectF const& place) {
     auto const exact = painter.deviceTransform().mapRect(place);
@@ -27,6 +22,10 @@ QRect devicePixels(QPainter const& painter, QRectF const& place) {
 }
 
 } // namespace
+
+void useDevicePixels(QPainter& painter) {
+    painter.setWorldTransform(painter.deviceTransform().inverted() * painter.worldTransform());
+}
 
 DeviceGrid DeviceGrid::of(QPainter const& painter) {
     auto const& to = painter.deviceTransform();

@@ -22,6 +22,9 @@ struct DeviceGrid {
     bool isLike(DeviceGrid const& other) const;
 };
 
+/// From here on the painter works in pixels of its device.
+void useDevicePixels(QPainter& painter);
+
 /// Puts an image on device pixels, each of its pixels on one of them.
 void drawDevicePixels(QPainter& painter, QPoint corner, QImage const& image);
 

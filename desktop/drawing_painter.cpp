@@ -1,5 +1,6 @@
 #include "desktop/drawing_painter.h"
 
+#include "desktop/device_pixels.h"
 #include "desktop/fonts.h"
 #include "desktop/look.h"
 #include "desktop/pictures.h"
@@ -7,6 +8,7 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 #include <variant>
 
@@ -29,8 +31,16 @@ class DrawingPainter {
                             painter_.transform().type() <= QTransform::TxTranslate;
         if (direct)
             return fillDots(*image, dots, colour.rgb());
-        for (auto const& [x, y] : dots.points)
-            painter_.fillRect(pixel(x), pixel(y), 1, 1, colour);
+        // Of one size each, or some rows of the grid would be brighter than others.
+        auto const to = painter_.deviceTransform();
+        int const size = std::max(1, static_cast<int>(to.m11()));
+        painter_.save();
+        useDevicePixels(painter_);
+        for (auto const& [x, y] : dots.points) {
+            auto const place = to.map(QPointF(pixel(x), pixel(y))).toPoint();
+            painter_.fillRect(place.x(), place.y(), size, size, colour);
+        }
+        painter_.restore();
     }
 
     void operator()(platform::DrawingLayer::Line const& line) {

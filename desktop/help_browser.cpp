@@ -2,8 +2,11 @@
 
 #include "desktop/help_file.h"
 
+#include <QBuffer>
 #include <QDesktopServices>
 #include <QFontInfo>
+#include <QImageReader>
+#include <QTextCursor>
 #include <QUrl>
 #include <QWheelEvent>
 
@@ -105,6 +108,32 @@ QVariant HelpBrowser::loadResource(int type, QUrl const& name) {
     return page.isNull() ? missingPage(wanted) : page;
 }
 
+void HelpBrowser::resizeEvent(QResizeEvent* event) {
+    QTextBrowser::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width())
+        fitPictures();
+}
+
+void HelpBrowser::fitPictures() {
+    double const room = viewport()->width() - 2 * document()->documentMargin();
+    auto const next = [this](QTextCursor const& from) {
+        return document()->find(QString(QChar::ObjectReplacementCharacter), from);
+    };
+    for (auto cursor = next(QTextCursor(document())); !cursor.isNull(); cursor = next(cursor)) {
+        auto picture = cursor.charFormat().toImageFormat();
+        if (!picture.isValid())
+            continue;
+        auto bytes =
+            document()->resource(QTextDocument::ImageResource, picture.name()).toByteArray();
+        QBuffer buffer(&bytes);
+        auto const own = QImageReader(&buffer).size();
+        if (!own.isValid())
+            continue;
+        picture.setWidth(std::min<double>(own.width(), room));
+        cursor.setCharFormat(picture);
+    }
+}
+
 QString HelpBrowser::missingPage(QString const& name) const {
     auto const contents = file_->contents();
     auto const first = contents.isEmpty() ? file_->pages().value(0) : contents.front().page;
@@ -123,6 +152,7 @@ void HelpBrowser::doSetSource(QUrl const& url, QTextDocument::ResourceType type)
     }
     setExtraSelections({});
     QTextBrowser::doSetSource(url, type);
+    fitPictures();
 }
 
 } // namespace desktop

@@ -34,8 +34,11 @@ class HelpBrowser : public QTextBrowser {
   protected:
     void doSetSource(QUrl const& url, QTextDocument::ResourceType type) override;
     void wheelEvent(QWheelEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
+    /// Pictures are as wide as they are, or as the page.
+    void fitPictures();
     QString missingPage(QString const& name) const;
 
     HelpFile const* file_ = nullptr;

@@ -21,6 +21,12 @@ void place(QWidget& window, QWidget const* explained) {
     window.move(taken.topLeft());
 }
 
+/// A dialog that the window stands over. The main window has room for the help.
+bool coversDialog(QWidget const& window, QWidget const* explained) {
+    return explained && explained->window()->windowType() == Qt::Dialog && !window.isMaximized() &&
+           window.frameGeometry().intersects(explained->window()->frameGeometry());
+}
+
 } // namespace
 
 HelpViewer::~HelpViewer() {
@@ -33,6 +39,8 @@ bool HelpViewer::show(QString const& file, QString const& page, QWidget const* e
         return false;
     if (window_ && window_->isVisible()) {
         window_->setFile(std::move(help));
+        if (coversDialog(*window_, explained))
+            place(*window_, explained);
     } else {
         window_ = new HelpWindow(std::move(help));
         place(*window_, explained);

@@ -121,6 +121,9 @@ class Look : public QProxyStyle {
             return drawFieldFrame(*option, *painter);
         case PE_PanelLineEdit:
             return drawField(*option, *painter);
+        case PE_Frame: // around lists and pages, whose insides leave a part of a pixel free
+            return paintFilledFrame(*painter, option->rect, option->palette.color(QPalette::Dark),
+                                    option->palette.color(QPalette::Base));
         default:
             QProxyStyle::drawPrimitive(element, option, painter, widget);
         }

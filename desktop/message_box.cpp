@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -35,6 +36,22 @@ QTextEdit* makePage(QString const& text, QString const& name, QWidget* parent) {
     colours.setBrush(QPalette::Base, colours.window());
     page->setPalette(colours);
     return page;
+}
+
+QLabel* makeLine(QString const& text, QWidget* parent) {
+    auto* const line = new QLabel(text, parent);
+    line->setTextFormat(Qt::PlainText);
+    return line;
+}
+
+/// A text and its last line, where that is short enough to stand by itself.
+std::pair<QString, QString> withoutLastLine(QString const& text, QFontMetrics const& metrics) {
+    constexpr int longest = 400; // pixels
+    auto const whole = text.trimmed();
+    auto const last = whole.mid(whole.lastIndexOf(u'\n') + 1);
+    if (last.size() == whole.size() || metrics.horizontalAdvance(last) > longest)
+        return {text, {}};
+    return {whole.chopped(last.size()).trimmed(), last};
 }
 
 /// Makes the page as large as its text needs, and no larger than the room.
@@ -102,17 +119,25 @@ void MessageBox::scrollText(QSize room) {
     auto* const label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
     if (!label)
         return;
-    scrolled_ = makePage(text(), windowTitle(), this);
-    delete layout()->replaceWidget(label, scrolled_);
+    auto const [rest, last] = withoutLastLine(text(), fontMetrics());
+    auto* const parts = new QWidget(this);
+    auto* const column = new QVBoxLayout(parts);
+    column->setContentsMargins({});
+    scrolled_ = makePage(rest, windowTitle(), parts);
+    column->addWidget(scrolled_);
+    if (!last.isEmpty())
+        column->addWidget(makeLine(last, parts));
+    delete layout()->replaceWidget(label, parts);
     label->hide();
-    scrolled_->show();
+    parts->show();
     // Icon, buttons and margins are what the box needs around a page without size.
     scrolled_->setFixedSize(0, 0);
     layout()->activate();
     auto const around = layout()->totalMinimumSize();
     fitPage(*scrolled_, (room - around).boundedTo(largestPage));
     QEvent changed(QEvent::LayoutRequest);
-    QMessageBox::event(&changed); // takes the new size before the box comes up
+    QMessageBox::event(&changed);                // takes the new size before the box comes up
+    scrolled_->verticalScrollBar()->setValue(0); // growing, the page has kept its old middle
 }
 
 /// Over the middle of its owner, but inside the room and off what is to stay in sight.
@@ -122,7 +147,9 @@ void MessageBox::bringIntoRoom() {
     auto const room = roomFor(owner);
     auto const around = owner ? owner->geometry() : room;
     auto const usual = around.center() - rect().center() - QPoint(frame.left(), frame.top());
-    move(placeInSightOf(size().grownBy(frame), room, usual, inSight_));
+    auto const corner = placeInSightOf(size().grownBy(frame), room, usual, inSight_);
+    // Not move(): it does not know the frame of a window that is just coming up.
+    setGeometry(QRect(corner + QPoint(frame.left(), frame.top()), size()));
 }
 
 } // namespace desktop

@@ -9,7 +9,8 @@ class QTextEdit;
 
 namespace desktop {
 
-/// A text that would make the box larger than the screen scrolls inside it. A box without a
+/// A text that would make the box larger than the screen scrolls inside it, but for its last line,
+/// which asks or concludes. A box without a
 /// cautious answer, which an escape button would be, closes by its buttons alone.
 class MessageBox : public QMessageBox {
   public:
@@ -29,7 +30,7 @@ class MessageBox : public QMessageBox {
     void bringIntoRoom();
 
     QList<QRect> inSight_;
-    QTextEdit* scrolled_ = nullptr; ///< the text, where it scrolls
+    QTextEdit* scrolled_ = nullptr; ///< what scrolls of the text, if anything
 };
 
 } // namespace desktop

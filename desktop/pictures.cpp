@@ -83,7 +83,7 @@ QSize sizeOfMetafile(QString const& path) {
 
 /// Metafiles are drawings of another system; a converter beside the program makes pixels of them.
 QImage readMetafile(QString const& path) {
-    constexpr int patience = 1500; // milliseconds; nobody can do anything else meanwhile
+    constexpr int patience = 5000; // milliseconds; nobody can do anything else meanwhile
     constexpr int largest = 3000;  // pixels, as large as a card can be
     QTemporaryDir const folder;
     auto const drawn = folder.filePath(QStringLiteral("picture.png"));
@@ -108,7 +108,7 @@ QImage readMetafile(QString const& path) {
     if (!done) {
         converter.kill();
         converter.waitForFinished(patience);
-        throw noPicture();
+        throw RuntimeError(ErrorNumber::invalid_picture, "Kuvan muuntaminen kestää liian kauan");
     }
     return readImage(drawn);
 }

@@ -141,9 +141,10 @@ QRect roomBeside(QRect const& other, QRect const& room, QSize wanted, QSize leas
     auto best = QRect(placeInSightOf(size, room, middleOf(size), {}), size);
     int const last = room.right() + 1 - size.width();
     int const lowest = room.bottom() + 1 - size.height();
-    for (auto const place : {QPoint(left, best.top()), QPoint(last, best.top()),
-                             QPoint(best.left(), lowest), QPoint(best.left(), top)})
-        if (QRect const tried(place, size); sharedArea(tried, other) < sharedArea(best, other))
+    // At equal cover an edge is better than the middle.
+    for (auto const place : {QPoint(best.left(), top), QPoint(best.left(), lowest),
+                             QPoint(left, best.top()), QPoint(last, best.top())})
+        if (QRect const tried(place, size); sharedArea(tried, other) <= sharedArea(best, other))
             best = tried;
     return best;
 }

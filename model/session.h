@@ -19,6 +19,8 @@ struct Session {
     std::string appTitle;
     std::string cardFile;   ///< full path of the open card; empty for one never saved
     std::string cardFolder; ///< folder of the card opened last, for the "+" form of a picture
+    /// Of the file that stands on the surface: cardFile may name one that was refused.
+    std::string open_folder;
     std::string startFile;  ///< file that the next open takes without a dialog
     std::string startText;  ///< the file that this start was given with "-k"
     std::string readFile;   ///< path handed to the reader

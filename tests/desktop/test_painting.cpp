@@ -3,6 +3,7 @@
 // the screen's.
 #include "tests/desktop/mouse_program.h"
 
+#include <QListWidget>
 #include <QMdiArea>
 #include <QScreen>
 
@@ -208,6 +209,29 @@ TEST_F(Painted, ALowBoxPaintsNothingOutsideItself) {
                     (y < 20 || y >= 20 + height) && with.pixel(x, y) != without.pixel(x, y);
         EXPECT_EQ(differing, 0) << height;
     }
+}
+
+TEST_F(Painted, AListHasAllSidesOfItsFrame) {
+    QWidget ground;
+    ground.resize(140, 90);
+    QListWidget list(&ground);
+    list.setGeometry(7, 5, 101, 61);
+    auto const seen = ground.grab().toImage();
+    auto const expect_frame = [&](auto const& pixel, int length) {
+        int first = 0;
+        while (pixel(first) == pixel(0))
+            ++first;
+        int last = length - 1;
+        while (pixel(last) == pixel(length - 1))
+            --last;
+        auto const line = list.palette().color(QPalette::Dark);
+        EXPECT_EQ(pixel(first), line);
+        EXPECT_EQ(pixel(last), line);
+        EXPECT_NE(pixel(first + 4), line);
+    };
+    auto const half = seen.size() / 2;
+    expect_frame([&](int x) { return seen.pixelColor(x, half.height()); }, seen.width());
+    expect_frame([&](int y) { return seen.pixelColor(half.width(), y); }, seen.height());
 }
 
 TEST_F(Painted, APictureThatIsPaintedStretchedIsSeenOnce) {

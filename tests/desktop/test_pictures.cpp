@@ -71,7 +71,7 @@ TEST_F(Pictures, AMetafileNeedsAConverterThatComesToAnEnd) {
     installConverter("exit 1\n");
     EXPECT_EQ(refusal(drawing), "Tiedosto ei ole kuva");
     installConverter("exec sleep 60\n");
-    EXPECT_EQ(refusal(drawing), "Tiedosto ei ole kuva");
+    EXPECT_EQ(refusal(drawing), "Kuvan muuntaminen kestää liian kauan");
     qputenv("PATH", folder_.filePath(QStringLiteral("ei")).toUtf8());
     EXPECT_EQ(refusal(drawing), "Kuvatyypin muunninohjelma wmf2gd puuttuu");
 }

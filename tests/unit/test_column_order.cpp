@@ -44,15 +44,6 @@ TEST_F(ColumnOrder, TitlesTakeTheirDataAlongInTheOrderOfTheirLists) {
     EXPECT_EQ(field(6).linkki, 0);
 }
 
-TEST_F(ColumnOrder, WithoutAMoveMixedFieldsAreGrouped) {
-    data(2);
-    title("1");
-    move({2});
-    EXPECT_EQ(captions(), "O2 D1");
-    EXPECT_EQ(list_of(1), "2");
-    EXPECT_EQ(field(2).linkki, 1);
-}
-
 TEST_F(ColumnOrder, WithoutTitlesNothingMoves) {
     card.fldSpeci[1] = 2;
     data(2);

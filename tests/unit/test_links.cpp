@@ -102,54 +102,6 @@ TEST_F(Links, DistanceOfATitleUpAndLeftIsRoundedToEven) {
     EXPECT_EQ(link_distance(title, add_field(Style::TXT, 10, 10, 10, 10)), 0);
 }
 
-TEST_F(Links, RecordsAndLinesFollowTheChoice) {
-    add_field(Style::OTS, 10, 10, 50, 15, "Nimi");
-    add_field(Style::TXT, 100, 10, 100, 21);
-    add_field(Style::TXT, 100, 40, 100, 21);
-    add_field(Style::OTS, 10, 200, 300, 16, "Osoite");
-    add_field(Style::TXT, 5, 220, 100, 21);
-    add_field(Style::TXT, 900, 5, 50, 21);
-    field(6).linkki = 4;
-    show();
-    EXPECT_EQ(list_of(1), "2|3");
-    EXPECT_EQ(group_of(3), "Nimi");
-    EXPECT_EQ(list_of(4), "5");
-    EXPECT_EQ(session.link_count, 3);
-    // Without a title the memory of the last link stays; the empty group tells.
-    EXPECT_EQ(group_of(6), "");
-    EXPECT_EQ(field(6).linkki, 4);
-
-    auto const& beside = fCard->link(1);
-    EXPECT_EQ(beside.X1, 61);
-    EXPECT_EQ(beside.Y1, 10 + 7.5 + 1);
-    EXPECT_EQ(beside.X2, 99);
-    EXPECT_EQ(beside.Y2, 10 + 10.5);
-    auto const& below = fCard->link(3);
-    EXPECT_EQ(below.X1, 9);
-    EXPECT_EQ(below.Y1, 217);
-    EXPECT_EQ(below.X2, 9);
-    EXPECT_EQ(below.Y2, 219);
-}
-
-TEST_F(Links, AManualLinkIsTakenAsItStands) {
-    add_field(Style::OTS, 10, 10, 50, 16, "Kaukana");
-    field(1).value = "NOLINK";
-    auto& data = add_field(Style::TXT, 900, 900, 50, 20);
-    data.linkitys = true;
-    data.linkki = 1;
-    auto& drop_down = add_field(Style::CMB, 500, 500, 50, 20, "Ryhmä");
-    drop_down.list = "a|b|";
-    drop_down.linkitys = true;
-    drop_down.linkki = 3;
-    show();
-    EXPECT_EQ(list_of(1), "2");
-    EXPECT_EQ(group_of(2), "Kaukana");
-    // A link to a data field has its line but leaves the rows of a drop-down alone.
-    EXPECT_EQ(session.link_count, 2);
-    EXPECT_EQ(group_of(3), "Ryhmä");
-    EXPECT_EQ(list_of(3), "a|b|");
-}
-
 TEST_F(Links, ABadManualLinkEndsTheRunWithItsBox) {
     for (int const number : {0, 5, -1}) {
         card.fields = 0;

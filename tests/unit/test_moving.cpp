@@ -276,24 +276,6 @@ TEST_F(Moving, WithoutSnappingHalfAPixelGoesToTheEvenNeighbour) {
     EXPECT_EQ(dragged_left(2.5), left + 2);
 }
 
-TEST_F(Moving, AStepThatOverflowsIsToldAndMovesNothing) {
-    card.fields = 0;
-    add_field(Style::OTS, left, top, width, height, "A");
-    add_field(Style::OTS, 32000, 200, width, height, "B");
-    ASSERT_TRUE(load_card());
-    fEditor->cmb_field.ListIndex = 2;
-    press(30, 20, true);
-    host.answers.assign(1, Answer::ok);
-    move(1030, 20);
-    ASSERT_EQ(host.boxes.size(), 1U);
-    EXPECT_NE(host.boxes[0].text.find("  (6)  "), std::string::npos);
-    EXPECT_EQ(frame(1).Left, left - 1);
-    EXPECT_EQ(frame(2).Left, 31999);
-    release();
-    EXPECT_EQ(field(1).left, left);
-    EXPECT_EQ(field(2).left, 32000);
-}
-
 TEST_F(Moving, AFieldAtTheEndOfTheNumberRangeGoesNoFurther) {
     for (auto const style : {Style::OTS, Style::CMB})
         for (int const end : {-32768, 32767})

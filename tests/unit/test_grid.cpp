@@ -117,12 +117,6 @@ TEST_F(Grid, ARebuiltCardStandsWhereItStood) {
     fEditor->cmd_guide_snap.Click(-1);
     EXPECT_EQ(fCard->Left, 1234);
     EXPECT_EQ(fCard->Top, 5678);
-    fEditor->cmb_field.ListIndex = 1;
-    host.answers.assign(1, Answer::ok);
-    cmd_field_del_Click();
-    EXPECT_EQ(card.fields, 0);
-    EXPECT_EQ(fCard->Left, 1234);
-    EXPECT_EQ(fCard->Top, 5678);
 }
 
 } // namespace kehystin

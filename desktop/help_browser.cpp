@@ -2,10 +2,9 @@
 
 #include "desktop/help_file.h"
 
-#include <QBuffer>
 #include <QDesktopServices>
 #include <QFontInfo>
-#include <QImageReader>
+#include <QPixmap>
 #include <QTextCursor>
 #include <QUrl>
 #include <QWheelEvent>
@@ -123,13 +122,14 @@ void HelpBrowser::fitPictures() {
         auto picture = cursor.charFormat().toImageFormat();
         if (!picture.isValid())
             continue;
-        auto bytes =
-            document()->resource(QTextDocument::ImageResource, picture.name()).toByteArray();
-        QBuffer buffer(&bytes);
-        auto const own = QImageReader(&buffer).size();
-        if (!own.isValid())
+        auto const loaded = document()->resource(QTextDocument::ImageResource, picture.name());
+        // The document keeps what it has shown as a pixmap; before that it has the file's bytes.
+        auto pixmap = loaded.value<QPixmap>();
+        if (pixmap.isNull())
+            pixmap.loadFromData(loaded.toByteArray());
+        if (pixmap.isNull())
             continue;
-        picture.setWidth(std::min<double>(own.width(), room));
+        picture.setWidth(std::min<double>(pixmap.width(), room));
         cursor.setCharFormat(picture);
     }
 }

@@ -2,7 +2,6 @@
 
 #include "model/card.h"
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -76,14 +75,10 @@ void append_rest(NewOrder& order) {
 
 /// Still by the old numbers of the fields, with what they name by the new ones.
 void renumber_links(std::vector<MovedTitle> const& titles, NewOrder const& order) {
-    // A link by hand that no list knows of follows a title that has moved. One made by geometry is
-    // only a memory, which the next linking renews.
-    auto const has_moved = [&](int number) {
-        return std::any_of(titles.begin(), titles.end(),
-                           [&](MovedTitle const& title) { return title.number == number; });
-    };
+    // A link by hand that no list knows of follows its title too. One made by geometry is only a
+    // memory, which the next linking renews.
     for (int i = 1; i <= card.fields; ++i)
-        if (!field(i).is_title() && field(i).linkitys && has_moved(field(i).linkki))
+        if (!field(i).is_title() && field(i).linkitys)
             field(i).linkki = order.follow(field(i).linkki);
     for (auto const& title : titles) {
         std::string list;

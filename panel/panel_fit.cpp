@@ -64,6 +64,8 @@ void paintTimer_Timer() {
     // The card must not move under a hand that is about to drag a field on it.
     if (form.WindowState == static_cast<int>(WindowState::minimized) || card_is_held())
         return;
+    if (session.centring_due)
+        center_card();
     draw_icon_bar_relief();
     if (form.proBar.Height <= head_height)
         return;
@@ -72,8 +74,6 @@ void paintTimer_Timer() {
     fit_rows(fit_scroll_bar());
     if (form.cmd_card_autocenter.Checked)
         center_around_selection();
-    else if (session.centring_due)
-        center_card();
     form.paintTimer.Enabled = false;
 }
 

@@ -203,7 +203,10 @@ std::string row_text(Row row, Field& one) {
 }
 
 void fill_row_scroll_bar(Row row, Field& one) {
-    auto& bar = (*fEditor).*panel_row(row).scroll;
+    auto const scroll = panel_row(row).scroll;
+    if (!scroll)
+        return;
+    auto& bar = (*fEditor).*scroll;
     switch (row) {
     case Row::size:
         return fill_scroll_bar(bar, one.size);

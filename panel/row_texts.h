@@ -20,7 +20,7 @@ std::string row_text(Row row, Field& one);
 /// be called inside a PanelUpdate.
 void fill_row(Row row, Field& one);
 
-/// Sets the scroll bar of a row of numbers alone, likewise.
+/// Sets the scroll bar of a row that has one, likewise.
 void fill_row_scroll_bar(Row row, Field& one);
 
 /// Shows the text of "Taustakuva"; its Tag keeps it against typing. Inside a PanelUpdate, likewise.

@@ -302,6 +302,17 @@ TEST_F(Help, F1InsideADialogShowsAPageThatCanBeReadBesideIt) {
     EXPECT_TRUE(soon([] { return !fInfo && help_window(); }));
 }
 
+TEST_F(Help, ItsPicturesAreNoWiderThanThePage) {
+    start_with_help();
+    press_f1();
+    ASSERT_TRUE(soon([] { return help_window(); }));
+    help_window()->resize(560, 400);
+    for (auto const* const topic : {"kentat_kuva.htm", "velho.htm"}) {
+        page().showPage(QLatin1String(topic));
+        EXPECT_TRUE(soon([] { return page().horizontalScrollBar()->maximum() == 0; })) << topic;
+    }
+}
+
 TEST_F(Help, AFileThatCannotBeReadIsToldAndTheSessionGoesOn) {
     start_with_help();
     auto const whole = true_help_file();

@@ -1,6 +1,7 @@
 // What the program asks of a machine that has folders and a window manager.
 #include "app/settings_file.h"
 #include "model/settings.h"
+#include "properties/card_rows.h"
 #include "tests/unit/fresh_session.h"
 
 #include <fstream>
@@ -53,6 +54,7 @@ TEST_F(HostRequests, AStartFileIsKnownByItsWholePath) {
     EXPECT_EQ(session.cardFile, folder / "a.krt");
     EXPECT_EQ(session.cardFolder, folder.path());
     EXPECT_EQ(settings.lastFile[1].trimmed(), session.cardFile);
+    EXPECT_FALSE(fEditor->lastFile(1).UseMnemonic); // "R&D" is a name
 }
 
 TEST_F(HostRequests, AMissingStartFileIsNamedAsItWasGiven) {
@@ -70,7 +72,7 @@ TEST_F(HostRequests, FileDialogsStartBesideTheOpenCard) {
     EXPECT_EQ(host.file_dialog->InitDir, "");
     session.startFile = "a.krt";
     cmd_open_Click();
-    for (auto* const command : {cmd_open_Click, cmdTallennaNimella_Click}) {
+    for (auto* const command : {cmd_open_Click, cmdTallennaNimella_Click, cmd_picture_Click}) {
         host.file_dialog.reset();
         host.answers = {scenario::FileAnswer{}};
         command();

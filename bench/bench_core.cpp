@@ -1,7 +1,7 @@
 // Speed of the program without its windows, on the scripted host.
 #include "app/program.h"
+#include "card/format.h"
 #include "cardfile/document_commands.h"
-#include "cardfile/format.h"
 #include "cardfile/reader.h"
 #include "cardfile/writer.h"
 #include "forms/card_form.h"

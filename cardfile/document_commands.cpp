@@ -21,6 +21,7 @@
 #include "model/default_looks.h"
 #include "model/session.h"
 #include "model/settings.h"
+#include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "surface/frames.h"
@@ -148,20 +149,7 @@ std::string full_name(std::string const& start_file) {
     return names_a_file(start_file) ? host().absolute_path(start_file) : start_file;
 }
 
-/// Reads cardFile into the records. When it is refused the records of the open card come back, so
-/// that what stands on the surface can still be saved.
-bool read_card() {
-    auto const card_before = card;
-    auto const fields_before = fields;
-    session.readFile = session.cardFile;
-    if (ReadCardFile(session.readFile))
-        return true;
-    card = card_before;
-    fields = fields_before;
-    return false;
-}
-
-void open_card(int& step) {
+void open_file(int& step) {
     // It counts for this opening only, also when the opening ends at the question below.
     auto const start_file = std::exchange(session.startFile, {});
     if (!settle_changes(" Tallennetaanko nykyinen korttimalli ennen uuden avaamista?     ",
@@ -175,8 +163,9 @@ void open_card(int& step) {
     step = 3;
     session.cardFolder = folder_part(session.cardFile);
     step = 4;
-    if (!read_card())
-        return;
+    session.readFile = session.cardFile;
+    if (!ReadCardFile(session.readFile))
+        return; // the records of the open card stay, so that what stands can still be saved
     step = 5;
     if (!show_card())
         return;
@@ -265,7 +254,7 @@ void cmd_new_Click() {
 }
 
 void cmd_open_Click() {
-    run_command(open_card, [](RuntimeError const& error, int step) {
+    run_command(open_file, [](RuntimeError const& error, int step) {
         standard_report(" Korttimallin avaaminen aiheutti virheen     ", error,
                         failure_code("P11", error, step));
     });

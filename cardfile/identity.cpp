@@ -1,8 +1,9 @@
 #include "cardfile/identity.h"
 
+#include "card/identity.h"
 #include "model/card.h"
 #include "model/session.h"
-#include "platform/date.h"
+#include "platform/clock.h"
 #include "platform/random.h"
 
 #include <algorithm>
@@ -11,44 +12,8 @@ namespace kehystin {
 
 namespace {
 
-std::vector<Field> savedFields;
-Card savedCard;
-
-int count_data_fields(std::vector<Field> const& among, int count) {
-    int found = 0;
-    for (int i = 1; i <= count; ++i)
-        found += among[static_cast<std::size_t>(i)].is_title() ? 0 : 1;
-    return found;
-}
-
-/// A title that was only added to, or cut, is still the same title.
-bool is_renamed(Field const& before, Field const& now) {
-    auto const old_caption = UCase(before.caption.trimmed());
-    auto const new_caption = UCase(now.caption.trimmed());
-    return !contains(old_caption, new_caption) && !contains(new_caption, old_caption);
-}
-
-bool differs_in_substance(Field const& before, Field const& now) {
-    if (before.style != now.style || before.size != now.size)
-        return true;
-    return now.is_title() ? is_renamed(before, now) : before.linkki != now.linkki;
-}
-
-bool is_another_card() {
-    auto const id = card.ID.trim();
-    if (Len(id) < limits::id_length || id.front() == '\0')
-        return true;
-    int const saved_count = savedCard.fields;
-    if (count_data_fields(savedFields, saved_count) != count_data_fields(fields, card.fields))
-        return true;
-    for (int i = 1; i <= card.fields; ++i) {
-        auto const& now = field(i);
-        if (i > saved_count ? !now.is_title()
-                            : differs_in_substance(savedFields[static_cast<std::size_t>(i)], now))
-            return true;
-    }
-    return false;
-}
+/// The card as it was opened.
+CardData savedCard;
 
 std::string digits(int number, std::size_t count) {
     auto text = std::to_string(number);
@@ -68,12 +33,11 @@ char random_character() {
 } // namespace
 
 void SaveCardBefore() {
-    savedCard = card;
-    savedFields.assign(fields.begin(), fields.begin() + int{card.fields} + 1);
+    savedCard = open_card;
 }
 
 void CompareCards() {
-    if (is_another_card())
+    if (is_another_card(savedCard, open_card))
         session.needNewID = true;
 }
 

@@ -26,26 +26,28 @@ void offer_to_drop() {
                   " et saa jatkossa enää samaa virheilmoitusta.", "",
                   " Haluatko poistaa taustakuvan viitteen?    ", ""}),
            flags, title);
-    card.picture = "";
 }
 
 } // namespace
 
-bool find_missing_picture(std::string missing) {
+std::optional<std::string> find_missing_picture(std::string missing) {
     while (!missing.empty()) {
         if (!wants_to_search(missing)) {
             offer_to_drop();
-            return true;
+            return "";
         }
         // A cancelled dialog raises, and so gives up the whole opening.
         auto const chosen =
             host().ShowOpen({"*.*", "Kaikki tiedostot (*.*)|*.*", 0, 6148, session.cardFolder});
         if (chosen.empty())
-            return false;
-        card.picture = Trim(chosen);
-        missing = names_a_file(card.picture.trimmed()) ? "" : card.picture.trimmed();
+            return std::nullopt;
+        // As the record will hold it.
+        auto const path = FixedText<150>(Trim(chosen)).trimmed();
+        if (names_a_file(path))
+            return path;
+        missing = path;
     }
-    return true;
+    return "";
 }
 
 } // namespace kehystin

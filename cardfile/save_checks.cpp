@@ -1,5 +1,6 @@
 #include "cardfile/save_checks.h"
 
+#include "card/checks.h"
 #include "commands/document_state.h"
 #include "commands/failure_report.h"
 #include "forms/card_form.h"
@@ -13,9 +14,6 @@
 namespace kehystin {
 
 namespace {
-
-constexpr int most_columns = 50;
-constexpr int narrowest_label = 25; // pixels
 
 using Numbers = std::vector<int>;
 
@@ -70,29 +68,10 @@ Answer ask(Numbers const& marked, std::string_view text, int flags, std::string_
     return answer;
 }
 
-/// A title that has data fields. Trims its list.
-bool is_linked_title(Field& one) {
-    return one.is_title() && !one.list.trim().empty();
-}
-
-bool is_meant_to_be_linked(Field& one) {
-    return one.is_title() && one.value.trim() != "NOLINK";
-}
-
-template <class Test>
-Numbers fields_that(Test const& test) {
-    Numbers found;
-    for (int i = 1; i <= card.fields; ++i)
-        if (test(field(i)))
-            found.push_back(i);
-    return found;
-}
-
 } // namespace
 
 bool chk_nodata() {
-    auto const found =
-        fields_that([](Field& one) { return !one.is_title() && one.group.trim().empty(); });
+    auto const found = offenders(Check::no_title, open_card);
     if (found.empty())
         return true;
     ask(found,
@@ -108,8 +87,7 @@ bool chk_nodata() {
 }
 
 bool chk_nolink() {
-    auto const found =
-        fields_that([](Field& one) { return is_meant_to_be_linked(one) && !is_linked_title(one); });
+    auto const found = offenders(Check::unlinked_title, open_card);
     if (found.empty())
         return true;
     auto const answer =
@@ -123,13 +101,13 @@ bool chk_nolink() {
     if (answer == Answer::cancel)
         return false;
     for (int const number : found)
-        field(number).value = "NOLINK";
+        field(number).value = no_link;
     MarkCardChanged(); // also where the save ends without a file
     return true;
 }
 
 bool chk_maxdata() {
-    auto const count = std::ssize(fields_that(is_linked_title));
+    auto const count = std::ssize(offenders(Check::columns, open_card));
     if (count <= most_columns)
         return true;
     auto const answer =
@@ -147,10 +125,7 @@ bool chk_maxdata() {
 }
 
 bool chk_selots() {
-    auto const found = fields_that([](Field& one) {
-        bool const labelled = one.style == int(Style::CHK) || one.style == int(Style::OPT);
-        return labelled && (one.caption.trim().empty() || one.width < narrowest_label);
-    });
+    auto const found = offenders(Check::no_label, open_card);
     if (found.empty())
         return true;
     auto const answer =
@@ -168,18 +143,7 @@ bool chk_selots() {
 }
 
 bool chk_sameots() {
-    auto const caption_of = [](int number) { return UCase(field(number).caption.trim()); };
-    Numbers found;
-    for (int i = 1; i < card.fields; ++i) {
-        if (!is_meant_to_be_linked(field(i)) || !is_linked_title(field(i)))
-            continue;
-        auto const caption = caption_of(i);
-        for (int j = i + 1; j <= card.fields; ++j)
-            if (is_linked_title(field(j)) && caption_of(j) == caption) {
-                found.push_back(i);
-                found.push_back(j);
-            }
-    }
+    auto const found = offenders(Check::same_title, open_card);
     if (found.empty())
         return true;
     auto const answer =

@@ -1,7 +1,7 @@
 #include "commands/failure_report.h"
 
+#include "platform/base.h"
 #include "platform/host.h"
-#include "platform/text.h"
 
 namespace kehystin {
 

@@ -1,8 +1,8 @@
 // The boxes of failed commands.
 #pragma once
 
-#include "model/maker.h"
-#include "platform/errors.h"
+#include "card/maker.h"
+#include "platform/base.h"
 
 #include <initializer_list>
 #include <string>

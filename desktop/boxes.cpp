@@ -4,8 +4,7 @@
 #include "desktop/message_box.h"
 #include "desktop/text.h"
 #include "desktop/window_place.h"
-#include "platform/errors.h"
-#include "platform/text.h"
+#include "platform/base.h"
 
 #include <QColorDialog>
 #include <QDialogButtonBox>

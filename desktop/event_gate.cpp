@@ -1,5 +1,6 @@
 #include "desktop/event_gate.h"
 
+#include "platform/host.h"
 #include "platform/input.h"
 
 #include <utility>

@@ -1,7 +1,7 @@
 #include "desktop/fonts.h"
 
 #include "desktop/text.h"
-#include "platform/text.h"
+#include "platform/base.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -29,8 +29,6 @@ constexpr std::array standIns = {
     StandIn{"Tahoma", "Liberation Sans"},
     StandIn{"Times New Roman", "Liberation Serif"},
 };
-
-constexpr std::size_t longestName = 31;
 
 QFont makeFont(platform::Font const& font) {
     QFont made;
@@ -106,11 +104,7 @@ std::vector<std::string> fontNames() {
 }
 
 bool acceptsFontName(std::string_view name) {
-    bool const control = std::any_of(name.begin(), name.end(), [](char character) {
-        auto const byte = static_cast<unsigned char>(character);
-        return byte < 0x20 || byte == 0x7f;
-    });
-    return !name.empty() && platform::Len(name) <= longestName && !control;
+    return platform::is_font_name(name);
 }
 
 } // namespace desktop

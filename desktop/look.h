@@ -1,7 +1,7 @@
 // The look that all windows share: style, palette, and the system's colours by number.
 #pragma once
 
-#include "platform/colour.h"
+#include "platform/base.h"
 
 #include <QColor>
 #include <QPalette>

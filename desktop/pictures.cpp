@@ -3,7 +3,7 @@
 #include "desktop/device_pixels.h"
 #include "desktop/icons.h"
 #include "desktop/text.h"
-#include "platform/errors.h"
+#include "platform/base.h"
 
 #include <QDataStream>
 #include <QFile>

@@ -1,10 +1,10 @@
 #include "dialogs/cols.h"
 
+#include "card/column_order.h"
 #include "commands/document_state.h"
 #include "dialogs/modal.h"
 #include "forms/cols_form.h"
 #include "forms/editor_form.h"
-#include "links/column_order.h"
 #include "links/link_list.h"
 #include "model/card.h"
 #include "model/session.h"
@@ -67,7 +67,7 @@ void cmd_ok_Click() {
     for (int i = 0; i < fCols->lst.ListCount(); ++i)
         titles.push_back(fCols->lst.ItemData(i));
     if (session.cardFormLoaded) // the titles are the card's
-        move_data(titles);
+        order_columns(open_card, titles);
     fCols->Close();
 }
 

@@ -5,8 +5,8 @@
 #include "forms/font_form.h"
 #include "forms/velho_form.h"
 #include "model/session.h"
+#include "platform/base.h"
 #include "platform/host.h"
-#include "platform/units.h"
 #include "surface/visuals.h"
 
 #include <algorithm>

@@ -1,12 +1,12 @@
 #include "dialogs/info.h"
 
+#include "card/maker.h"
 #include "commands/failure_report.h"
 #include "dialogs/modal.h"
 #include "forms/info_form.h"
-#include "model/maker.h"
 #include "model/session.h"
+#include "platform/base.h"
 #include "platform/host.h"
-#include "platform/numbers.h"
 
 namespace kehystin {
 

@@ -1,9 +1,9 @@
 #include "dialogs/roles_boxes.h"
 
+#include "card/kinds.h"
 #include "dialogs/roles_numbers.h"
 #include "forms/speci_form.h"
 #include "model/card.h"
-#include "model/kinds.h"
 
 #include <array>
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "dialogs/wizard_card.h"
 
+#include "platform/base.h"
 #include "platform/host.h"
-#include "platform/units.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,8 +1,8 @@
 // The card that the wizard builds from its answers.
 #pragma once
 
+#include "card/kinds.h"
 #include "model/card.h"
-#include "model/kinds.h"
 #include "platform/drawing.h"
 
 #include <span>

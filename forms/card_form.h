@@ -2,8 +2,8 @@
 // It lives while a card is open.
 #pragma once
 
+#include "card/kinds.h"
 #include "model/card.h"
-#include "model/kinds.h"
 #include "platform/form.h"
 
 #include <memory>

@@ -1,8 +1,8 @@
 #include "forms/editor_form.h"
 
+#include "card/kinds.h"
 #include "forms/panel_rows.h"
 #include "model/card.h"
-#include "model/kinds.h"
 
 #include <initializer_list>
 

@@ -1,7 +1,7 @@
 #include "forms/info_form.h"
 
+#include "card/maker.h"
 #include "forms/dialog_layout.h"
-#include "model/maker.h"
 
 namespace kehystin {
 

@@ -1,13 +1,13 @@
 // Draws the pictures of the help pages: starts the program on example cards, brings it where a
 // picture shows it, and saves what is then seen. draw_pictures FOLDER, in the checkout's root.
 #include "app/program.h"
+#include "card/kinds.h"
 #include "desktop/card_canvas.h"
 #include "desktop/look.h"
 #include "desktop/qt_host.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
 #include "model/card.h"
-#include "model/kinds.h"
 #include "platform/input.h"
 #include "platform/system.h"
 

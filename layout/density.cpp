@@ -1,10 +1,10 @@
 #include "layout/density.h"
 
+#include "card/kinds.h"
 #include "commands/failure_report.h"
 #include "layout/placing.h"
 #include "links/link_list.h"
 #include "model/card.h"
-#include "model/kinds.h"
 #include "platform/host.h"
 #include "surface/rebuild.h"
 

@@ -1,7 +1,7 @@
 // Moving a field by command: what the commands of this folder share.
 #pragma once
 
-#include "platform/numbers.h"
+#include "platform/base.h"
 
 #include <utility>
 #include <vector>

@@ -2,14 +2,9 @@
 
 namespace kehystin {
 
-Card card;
-std::vector<Field> fields(1);
-
-Field& field(int number) {
-    if (number < 0 || static_cast<std::size_t>(number) >= fields.size())
-        throw RuntimeError(ErrorNumber::subscript_out_of_range);
-    return fields[static_cast<std::size_t>(number)];
-}
+CardData open_card;
+Card& card = open_card.card;
+std::vector<Field>& fields = open_card.fields;
 
 void empty_card(std::string_view name) {
     card.name = name;

@@ -1,8 +1,8 @@
 // The default looks: what a new field of each kind starts with. They follow what the user does.
 #pragma once
 
+#include "card/kinds.h"
 #include "model/card.h"
-#include "model/kinds.h"
 #include "platform/drawing.h"
 
 #include <array>

@@ -2,7 +2,8 @@
 // start of the program to its end; nothing of them is stored.
 #pragma once
 
-#include "model/member_ref.h"
+#include "card/member_ref.h"
+#include "platform/base.h"
 
 #include <array>
 #include <span>
@@ -14,6 +15,8 @@ class Control;
 }
 
 namespace kehystin {
+
+using namespace platform;
 
 struct Session {
     std::string appTitle;

@@ -1,13 +1,16 @@
 // The user's settings: one record of 730 bytes that survives between runs.
 #pragma once
 
-#include "model/member_ref.h"
+#include "card/member_ref.h"
+#include "platform/base.h"
 
 #include <array>
 #include <span>
 #include <string_view>
 
 namespace kehystin {
+
+using namespace platform;
 
 inline constexpr int icon_places = 40;
 inline constexpr int last_file_places = 4;

@@ -1,6 +1,6 @@
 #include "panel/row_texts.h"
 
-#include "model/kinds.h"
+#include "card/kinds.h"
 #include "platform/files.h"
 
 #include <algorithm>

@@ -2,8 +2,8 @@
 
 #include "model/session.h"
 #include "panel/row_texts.h"
+#include "platform/base.h"
 #include "platform/system.h"
-#include "platform/text.h"
 
 #include <algorithm>
 #include <cmath>

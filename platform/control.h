@@ -1,11 +1,10 @@
 // Control: what every control has. The classes themselves are in controls.h.
 #pragma once
 
-#include "platform/colour.h"
+#include "platform/base.h"
 #include "platform/drawing.h"
 #include "platform/events.h"
 #include "platform/property.h"
-#include "platform/units.h"
 
 #include <span>
 #include <string>

@@ -1,8 +1,8 @@
 #include "platform/controls.h"
 
+#include "platform/base.h"
 #include "platform/form.h"
 #include "platform/system.h"
-#include "platform/text.h"
 
 #include <algorithm>
 #include <array>

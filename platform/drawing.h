@@ -1,7 +1,7 @@
 // Fonts, pictures, and the drawing layer that keeps what was drawn without a repaint handler.
 #pragma once
 
-#include "platform/colour.h"
+#include "platform/base.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "platform/files.h"
 
-#include "platform/errors.h"
+#include "platform/base.h"
 #include "platform/host.h"
 
 #include <algorithm>
@@ -144,27 +144,9 @@ InputFile::InputFile(std::string const& path) {
     }
 }
 
-std::string_view InputFile::next_item() {
-    if (at_end())
-        throw RuntimeError(ErrorNumber::input_past_end);
-    // Character by character: items are short, and this is most of the time that reading takes.
-    auto const size = bytes_.size();
-    auto start = position_;
-    while (start < size && (bytes_[start] == ' ' || bytes_[start] == '\t'))
-        ++start;
-    auto end = start;
-    while (end < size && bytes_[end] != ',' && bytes_[end] != '\r' && bytes_[end] != '\n')
-        ++end;
-    position_ = std::min(end + 1, size);
-    if (end < size && bytes_[end] == '\r' && position_ < size && bytes_[position_] == '\n')
-        ++position_;
-    return std::string_view(bytes_).substr(start, end - start);
-}
-
 void InputFile::reopen() {
     host().before_file_operation();
     host().before_file_operation();
-    position_ = 0;
 }
 
 void InputFile::close() {

@@ -1,4 +1,4 @@
-// Files: reading items, writing lines, fixed records. Every open, read, write and close goes
+// Files: reading and writing whole ones, fixed records. Every open, read, write and close goes
 // through Host::before_file_operation. Names are used as given.
 #pragma once
 
@@ -19,29 +19,22 @@ bool file_exists(std::string const& path);
 /// The same without raising: a name that no file can have names none, nor does an empty one.
 bool names_a_file(std::string const& path);
 
-/// A text file opened for `Input #`. The whole file is read once, at the opening.
+/// A text file opened for reading. The whole file is read once, at the opening.
 class InputFile {
   public:
     /// Raises file_not_found, path_not_found or path_file_access.
     explicit InputFile(std::string const& path);
 
-    /// The next item: leading blanks skipped, up to the next comma or line end. Code page bytes;
-    /// valid as long as the file. Raises input_past_end at the end of the file.
-    std::string_view next_item();
-    bool at_end() const { return position_ >= bytes_.size(); }
-    /// Where the next item begins, in bytes from the start.
-    std::size_t position() const { return position_; }
-    void seek(std::size_t position) { position_ = position; }
+    /// Valid as long as the file.
     std::string_view bytes() const { return bytes_; }
 
-    /// Closes and opens again, which puts the position at the start.
+    /// Closes and opens again, for another walk from the top.
     void reopen();
     /// Closing what is closed already does nothing.
     void close();
 
   private:
     std::string bytes_;
-    std::size_t position_ = 0;
     bool open_ = true;
 };
 

@@ -2,8 +2,7 @@
 // scripted one; the program asks both in the same words.
 #pragma once
 
-#include "platform/colour.h"
-#include "platform/date.h"
+#include "platform/base.h"
 #include "platform/drawing.h"
 
 #include <optional>
@@ -72,6 +71,10 @@ inline constexpr int size_nwse = 8;
 inline constexpr int size_we = 9;
 inline constexpr int hourglass = 11;
 } // namespace pointer
+
+/// Thrown by Host::End and by nothing else: the session is over, and no handler may hold it up.
+/// Deliberately not a std::exception, so that nothing that catches failures catches it.
+struct SessionEnd {};
 
 class Host {
   public:

@@ -1,7 +1,7 @@
 #include "platform/input.h"
 
+#include "platform/base.h"
 #include "platform/system.h"
-#include "platform/text.h"
 
 #include <algorithm>
 

@@ -1,8 +1,7 @@
 // Properties of controls: values that know their owner, and the tables that list them by name.
 #pragma once
 
-#include "platform/errors.h"
-#include "platform/numbers.h"
+#include "platform/base.h"
 
 #include <concepts>
 #include <string>

@@ -1,6 +1,6 @@
 #include "platform/system.h"
 
-#include "platform/errors.h"
+#include "platform/base.h"
 
 #include <algorithm>
 #include <cassert>

@@ -1,7 +1,7 @@
 // System: what one running session shares over all its forms. There is one at a time.
 #pragma once
 
-#include "platform/errors.h"
+#include "platform/base.h"
 #include "platform/form.h"
 #include "platform/host.h"
 

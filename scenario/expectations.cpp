@@ -1,6 +1,6 @@
 // Steps that say what must be true, and the one that shows it.
+#include "platform/base.h"
 #include "platform/controls.h"
-#include "platform/text.h"
 #include "scenario/names.h"
 #include "scenario/script.h"
 

@@ -1,6 +1,6 @@
 #include "scenario/interpreter.h"
 
-#include "platform/errors.h"
+#include "platform/base.h"
 #include "platform/form.h"
 #include "platform/input.h"
 

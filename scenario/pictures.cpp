@@ -1,6 +1,6 @@
 #include "scenario/pictures.h"
 
-#include "platform/text.h"
+#include "platform/base.h"
 
 #include <cmath>
 #include <cstdint>

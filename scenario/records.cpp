@@ -1,10 +1,10 @@
 #include "scenario/records.h"
 
-#include "cardfile/format.h"
+#include "card/format.h"
 #include "model/default_looks.h"
 #include "model/session.h"
 #include "model/settings.h"
-#include "platform/date.h"
+#include "platform/base.h"
 #include "scenario/words.h"
 
 namespace scenario {

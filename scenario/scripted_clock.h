@@ -1,8 +1,8 @@
 // ScriptedClock: a clock that stands until it is told to run on, and the timers that run by it.
 #pragma once
 
+#include "platform/base.h"
 #include "platform/controls.h"
-#include "platform/date.h"
 
 #include <cstdint>
 #include <vector>

@@ -1,9 +1,7 @@
 #include "scenario/scripted_host.h"
 
-#include "platform/errors.h"
+#include "platform/base.h"
 #include "platform/form.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
 #include "scenario/pictures.h"
 
 #include <algorithm>

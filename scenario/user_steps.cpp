@@ -1,7 +1,7 @@
 // Steps that a user takes on controls and windows. Those of the mouse on the card: mouse_steps.
+#include "platform/base.h"
 #include "platform/input.h"
 #include "platform/system.h"
-#include "platform/text.h"
 #include "scenario/mouse_steps.h"
 #include "scenario/names.h"
 #include "scenario/script.h"

@@ -1,8 +1,6 @@
 #include "scenario/words.h"
 
-#include "platform/colour.h"
-#include "platform/numbers.h"
-#include "platform/text.h"
+#include "platform/base.h"
 
 #include <array>
 #include <charconv>

@@ -1,7 +1,7 @@
 // Words: how a line of a scenario falls into words, and what a single word can stand for.
 #pragma once
 
-#include "platform/date.h"
+#include "platform/base.h"
 #include "platform/property.h"
 
 #include <optional>

@@ -1,6 +1,6 @@
 #include "scenario/world.h"
 
-#include "platform/text.h"
+#include "platform/base.h"
 #include "scenario/pictures.h"
 #include "scenario/words.h"
 

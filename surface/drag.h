@@ -1,8 +1,8 @@
 // Moving selected fields: frames follow the mouse, records change once, at the release.
 #pragma once
 
+#include "platform/base.h"
 #include "platform/events.h"
-#include "platform/numbers.h"
 
 #include <functional>
 

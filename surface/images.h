@@ -1,8 +1,8 @@
 // The pictures of image fields: loading, scaling, and the caption that stands where there is none.
 #pragma once
 
+#include "platform/base.h"
 #include "platform/controls.h"
-#include "platform/errors.h"
 
 #include <string>
 

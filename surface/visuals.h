@@ -1,7 +1,7 @@
 // The visual objects of the fields: how a record of each kind looks on the surface.
 #pragma once
 
-#include "model/kinds.h"
+#include "card/kinds.h"
 #include "platform/controls.h"
 
 #include <string>

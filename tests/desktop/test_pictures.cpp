@@ -1,6 +1,6 @@
 // Picture files: what can be read, and why something cannot.
 #include "desktop/pictures.h"
-#include "platform/errors.h"
+#include "platform/base.h"
 
 #include <QFile>
 #include <QImage>

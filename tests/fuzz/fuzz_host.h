@@ -1,7 +1,7 @@
 // A host without a screen that answers every box yes and every dialog with cancel.
 #pragma once
 
-#include "platform/errors.h"
+#include "platform/base.h"
 #include "platform/host.h"
 #include "platform/input.h"
 

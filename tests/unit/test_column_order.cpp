@@ -1,4 +1,4 @@
-#include "links/column_order.h"
+#include "card/column_order.h"
 
 #include "tests/unit/fresh_session.h"
 
@@ -16,7 +16,7 @@ class ColumnOrder : public FreshSession {
     void data(int title) {
         add_field(Style::TXT, 0, 0, 10, 10, "D" + std::to_string(card.fields + 1)).linkki = title;
     }
-    void move(std::vector<int> const& titles) { move_data(titles); }
+    void move(std::vector<int> const& titles) { order_columns(open_card, titles); }
 
     std::string captions() {
         std::string all;

@@ -1,23 +1,22 @@
 #include "platform/files.h"
 
-#include "platform/errors.h"
+#include "base/items.h"
+#include "platform/base.h"
 #include "tests/unit/fresh_session.h"
 
 #include <fcntl.h>
 
 namespace kehystin {
 
-class Files : public FreshSession {
-  protected:
-    std::vector<std::string> items_of(std::string_view bytes) {
-        put_bytes(folder / "items", bytes);
-        InputFile file(folder / "items");
-        std::vector<std::string> items;
-        while (!file.at_end())
-            items.emplace_back(file.next_item());
-        return items;
-    }
-};
+using Files = FreshSession;
+
+std::vector<std::string> items_of(std::string_view bytes) {
+    base::Items items(bytes);
+    std::vector<std::string> found;
+    while (!items.at_end())
+        found.emplace_back(items.next());
+    return found;
+}
 
 int error_of(auto const& work) {
     try {
@@ -28,7 +27,7 @@ int error_of(auto const& work) {
     return 0;
 }
 
-TEST_F(Files, ItemsEndAtCommasAndLineEnds) {
+TEST(Items, EndAtCommasAndLineEnds) {
     using Items = std::vector<std::string>;
     EXPECT_EQ(items_of("a,b\r\nc"), (Items{"a", "b", "c"}));
     EXPECT_EQ(items_of("  a b  ,\t c\n"), (Items{"a b  ", "c"}));
@@ -38,11 +37,10 @@ TEST_F(Files, ItemsEndAtCommasAndLineEnds) {
     EXPECT_TRUE(items_of("").empty());
 }
 
-TEST_F(Files, ReadingPastTheEndRaises) {
-    put_bytes(folder / "one", "a");
-    InputFile file(folder / "one");
-    file.next_item();
-    EXPECT_EQ(error_of([&] { file.next_item(); }), 62);
+TEST(Items, ReadingPastTheEndRaises) {
+    base::Items items("a");
+    items.next();
+    EXPECT_EQ(error_of([&] { items.next(); }), 62);
 }
 
 TEST_F(Files, ErrorsHaveThePlatformsNumbers) {

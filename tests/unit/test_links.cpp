@@ -1,4 +1,4 @@
-#include "links/title_search.h"
+#include "card/title_search.h"
 
 #include "links/link_engine.h"
 #include "surface/load_card.h"
@@ -55,7 +55,7 @@ TEST_F(Links, TheChoiceIsThatOfAllPairsOnRandomCards) {
             if (one.is_title() && at(8) == 0)
                 one.value = "NOLINK";
         }
-        TitleSearch const search(120);
+        TitleSearch const search(open_card, 120);
         for (int i = 1; i <= card.fields; ++i)
             if (!field(i).is_title()) {
                 ASSERT_EQ(search.nearest_to(field(i)), plain_choice(field(i)));
@@ -68,7 +68,7 @@ TEST_F(Links, ReachAndTouchingEdges) {
     auto const linked_at = [](int left, int top) {
         card.fields = 1;
         auto const& data = add_field(Style::TXT, left, top, 50, 20);
-        return TitleSearch(120).nearest_to(data) == 1;
+        return TitleSearch(open_card, 120).nearest_to(data) == 1;
     };
     EXPECT_TRUE(linked_at(180, 10));
     EXPECT_FALSE(linked_at(181, 10));
@@ -82,13 +82,13 @@ TEST_F(Links, ReachAndTouchingEdges) {
 TEST_F(Links, OfEqualDistancesTheLowerNumberWins) {
     add_field(Style::OTS, 200, 10, 50, 16);
     add_field(Style::OTS, 10, 10, 240, 16);
-    EXPECT_EQ(TitleSearch(120).nearest_to(add_field(Style::TXT, 100, 40, 200, 20)), 1);
+    EXPECT_EQ(TitleSearch(open_card, 120).nearest_to(add_field(Style::TXT, 100, 40, 200, 20)), 1);
 }
 
 TEST_F(Links, AnOverlapIsNearerThanAnythingAbove) {
     add_field(Style::OTS, 100, 60, 50, 16);
     add_field(Style::OTS, 100, 70, 50, 16);
-    EXPECT_EQ(TitleSearch(120).nearest_to(add_field(Style::TXT, 100, 80, 60, 20)), 2);
+    EXPECT_EQ(TitleSearch(open_card, 120).nearest_to(add_field(Style::TXT, 100, 80, 60, 20)), 2);
     EXPECT_EQ(link_distance(field(2), field(3)), -6);
 }
 

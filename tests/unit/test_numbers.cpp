@@ -1,4 +1,4 @@
-#include "platform/numbers.h"
+#include "platform/base.h"
 
 #include <gtest/gtest.h>
 

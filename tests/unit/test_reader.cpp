@@ -1,7 +1,8 @@
 #include "cardfile/reader.h"
 
-#include "cardfile/format.h"
+#include "card/format.h"
 #include "cardfile/writer.h"
+#include "platform/clock.h"
 #include "tests/unit/fresh_session.h"
 
 #include <tuple>

@@ -1,6 +1,4 @@
-#include "platform/date.h"
-#include "platform/fixed_text.h"
-#include "platform/text.h"
+#include "platform/base.h"
 
 #include <gtest/gtest.h>
 

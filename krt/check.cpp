@@ -1,0 +1,97 @@
+#include "krt/commands.h"
+#include "krt/files.h"
+#include "krt/findings.h"
+
+#include <nlohmann/json.hpp>
+
+namespace krt {
+
+namespace {
+
+using kehystin::Check;
+using Json = nlohmann::ordered_json;
+
+/// Everything that there is to tell of one card.
+struct Checked {
+    std::vector<kehystin::Finding> findings;
+    std::vector<std::pair<Check, std::vector<int>>> checks;
+    kehystin::Linking linking;
+
+    bool is_quiet() const { return findings.empty() && checks.empty() && !linking.failure; }
+};
+
+Checked check_card(kehystin::Reading reading) {
+    Checked checked{std::move(reading.findings), {}, kehystin::link_card(reading.data)};
+    for (auto const check : all_checks)
+        if (auto fields = told(check, reading.data); !fields.empty())
+            checked.checks.emplace_back(check, std::move(fields));
+    return checked;
+}
+
+std::string line_of(std::string const& file, int field, std::string const& text) {
+    auto const place = field == 0 ? "" : "field " + std::to_string(field) + ": ";
+    return file + ": " + place + text + "\n";
+}
+
+std::string as_text(std::string const& file, Checked const& checked) {
+    std::string lines;
+    for (auto const& finding : checked.findings)
+        lines += line_of(file, field_of(finding.key), text_of(finding));
+    if (checked.linking.failure)
+        lines += line_of(file, 0, "linkitys keskeytyi: " + checked.linking.failure->text());
+    for (auto const& [check, fields] : checked.checks) {
+        auto const text = text_of(check, fields.size());
+        if (check == Check::columns)
+            lines += line_of(file, 0, text);
+        else
+            for (int const field : fields)
+                lines += line_of(file, field, text);
+    }
+    return lines;
+}
+
+std::string as_json(std::string const& file, Checked const& checked, bool readable) {
+    Json object = {{"file", file}, {"readable", readable}};
+    auto& findings = object["findings"] = Json::array();
+    for (auto const& finding : checked.findings)
+        findings.push_back({{"what", name_of(finding.what)},
+                            {"key", finding.key},
+                            {"found", finding.found},
+                            {"kept", finding.kept},
+                            {"text", text_of(finding)}});
+    auto& checks = object["checks"] = Json::array();
+    for (auto const& [check, fields] : checked.checks)
+        checks.push_back({{"check", name_of(check)}, {"fields", fields}});
+    auto& links = object["links"] = Json::array();
+    for (auto const& link : checked.linking.links)
+        links.push_back({{"title", link.title}, {"data", link.data}});
+    return object.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+Status check_file(std::string const& file, Form form) {
+    auto const bytes = read_bytes(file);
+    if (!bytes)
+        return Status::failed;
+    auto reading = Reader{}.read(file, *bytes);
+    if (!reading) {
+        Checked nothing;
+        nothing.findings.push_back({kehystin::Finding::What::not_a_card, {}, {}, {}, {}});
+        if (form == Form::json)
+            print(as_json(file, nothing, false));
+        return Status::failed;
+    }
+    auto const checked = check_card(std::move(*reading));
+    print(form == Form::json ? as_json(file, checked, true) : as_text(file, checked));
+    return checked.is_quiet() ? Status::quiet : Status::findings;
+}
+
+} // namespace
+
+Status check(Files const& files, Form form) {
+    auto status = Status::quiet;
+    for (auto const& file : files)
+        status = worse(status, check_file(file, form));
+    return status;
+}
+
+} // namespace krt

@@ -1,0 +1,38 @@
+// The commands of krt. Each goes over its files, tells what is wrong with one on standard error and
+// goes on with the next.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace krt {
+
+/// The exit status, the worst of all files.
+enum class Status { quiet = 0, findings = 1, failed = 2 };
+
+inline Status worse(Status one, Status other) {
+    return one < other ? other : one;
+}
+
+/// "-" among them is standard input.
+using Files = std::vector<std::string>;
+
+/// How a command tells: a line for people, or JSON for programs.
+enum class Form { text, json };
+
+Status check(Files const& files, Form form);
+
+/// Where repaired cards go.
+struct RepairTarget {
+    bool in_place = false;
+    std::string file = {}; ///< empty for standard output
+    bool always = false;   ///< also where nothing is wrong
+};
+Status repair(Files const& files, RepairTarget const& target);
+
+Status links(Files const& files, Form form);
+
+Status to_json(Files const& files);
+Status make(std::string const& source, std::string const& target);
+
+} // namespace krt

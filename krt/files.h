@@ -1,0 +1,40 @@
+// Files as the commands read and write them.
+#pragma once
+
+#include "card/reading.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace krt {
+
+/// Files up to this size are read, as by the editor.
+inline constexpr std::size_t largest_input = 64U * 1024 * 1024;
+
+/// A line on standard error: the file and what is wrong with it.
+void complain(std::string const& file, std::string_view what);
+
+/// The whole file, or standard input for "-". Nothing, with a complaint, for one that cannot be
+/// read.
+std::optional<std::string> read_bytes(std::string const& file);
+
+/// A card read as the editor reads it after Yes to every question. Nothing, with a complaint, for a
+/// file that cannot be read or that is no card; `reading` then has what was found.
+enum class Fonts { judged, kept };
+enum class Pictures { looked_for, kept };
+struct Reader {
+    Fonts fonts = Fonts::judged;
+    Pictures pictures = Pictures::looked_for;
+
+    std::optional<kehystin::Reading> read(std::string const& file, std::string_view bytes) const;
+};
+
+/// Writes standard output. False where nobody reads it any more.
+bool print(std::string_view text);
+
+/// Writes a file whole or not at all; with `backup` an old one is kept under its name and "~".
+/// False, with a complaint, where it could not.
+bool write_whole(std::string const& file, std::string_view bytes, bool backup = false);
+
+} // namespace krt

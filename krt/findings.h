@@ -1,0 +1,33 @@
+// What was found in a card, in words for people and for programs.
+#pragma once
+
+#include "card/checks.h"
+#include "card/linking.h"
+#include "card/reading.h"
+
+#include <string>
+#include <string_view>
+
+namespace krt {
+
+/// "repaired" and so on, as programs know it.
+std::string_view name_of(kehystin::Finding::What what);
+/// "no_title" and so on.
+std::string_view name_of(kehystin::Check check);
+
+/// What is the matter, in one line of Finnish.
+std::string text_of(kehystin::Finding const& finding);
+std::string text_of(kehystin::Check check, std::size_t count);
+
+/// The field that a key belongs to, 0 for one of the card.
+int field_of(std::string_view key);
+
+/// All checks, in the order in which a card is checked before it is written.
+inline constexpr kehystin::Check all_checks[] = {
+    kehystin::Check::no_title, kehystin::Check::unlinked_title, kehystin::Check::columns,
+    kehystin::Check::no_label, kehystin::Check::same_title};
+
+/// What a check has to tell: nothing about as many columns as the register takes.
+std::vector<int> told(kehystin::Check check, kehystin::CardData& card);
+
+} // namespace krt

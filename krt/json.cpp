@@ -1,0 +1,46 @@
+#include "krt/card_json.h"
+#include "krt/commands.h"
+#include "krt/files.h"
+
+#include "card/writing.h"
+
+namespace krt {
+
+namespace {
+
+Status json_of_file(std::string const& file) {
+    auto const bytes = read_bytes(file);
+    auto reading = bytes ? Reader{Fonts::kept, Pictures::kept}.read(file, *bytes) : std::nullopt;
+    if (!reading)
+        return Status::failed;
+    constexpr int indent = 2;
+    return print(card_to_json(reading->data).dump(indent) + "\n") ? Status::quiet : Status::failed;
+}
+
+} // namespace
+
+Status to_json(Files const& files) {
+    auto status = Status::quiet;
+    for (auto const& file : files)
+        status = worse(status, json_of_file(file));
+    return status;
+}
+
+Status make(std::string const& source, std::string const& target) {
+    auto const bytes = read_bytes(source);
+    if (!bytes)
+        return Status::failed;
+    try {
+        auto card = json_to_card(Json::parse(*bytes));
+        auto const written = kehystin::write_card(card);
+        bool const done = target.empty() ? print(written) : write_whole(target, written);
+        return done ? Status::quiet : Status::failed;
+    } catch (BadJson const& bad) {
+        complain(source, bad.what());
+    } catch (nlohmann::json::exception const& bad) {
+        complain(source, std::string("ei ole JSONia: ") + bad.what());
+    }
+    return Status::failed;
+}
+
+} // namespace krt

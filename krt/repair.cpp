@@ -1,0 +1,53 @@
+#include "krt/commands.h"
+#include "krt/files.h"
+#include "krt/findings.h"
+
+#include "card/writing.h"
+
+#include <algorithm>
+
+namespace krt {
+
+namespace {
+
+using kehystin::Finding;
+
+/// A key that came later than the file is no fault of it.
+bool is_fault(Finding const& finding) {
+    return finding.what != Finding::What::old_key;
+}
+
+Status repair_file(std::string const& file, RepairTarget const& target) {
+    auto const bytes = read_bytes(file);
+    if (!bytes)
+        return Status::failed;
+    auto reading = Reader{Fonts::kept, Pictures::looked_for}.read(file, *bytes);
+    if (!reading)
+        return Status::failed;
+    if (!reading->missing_picture.empty())
+        reading->data.card.picture = reading->missing_picture;
+    for (auto const& finding : reading->findings)
+        if (is_fault(finding))
+            complain(file, text_of(finding));
+    bool const wrong = std::any_of(reading->findings.begin(), reading->findings.end(), is_fault);
+    auto const status = wrong ? Status::findings : Status::quiet;
+    if (!wrong && !target.always)
+        return status;
+    auto const written = kehystin::write_card(reading->data);
+    if (target.in_place && file != "-")
+        return write_whole(file, written, true) ? status : Status::failed;
+    if (!target.file.empty())
+        return write_whole(target.file, written) ? status : Status::failed;
+    return print(written) ? status : Status::failed;
+}
+
+} // namespace
+
+Status repair(Files const& files, RepairTarget const& target) {
+    auto status = Status::quiet;
+    for (auto const& file : files)
+        status = worse(status, repair_file(file, target));
+    return status;
+}
+
+} // namespace krt

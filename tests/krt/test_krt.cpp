@@ -1,0 +1,172 @@
+// The tool krt as its users meet it: a program with arguments, streams and an exit status.
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sys/wait.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+
+std::string bytes_of(fs::path const& file) {
+    std::ifstream from(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(from), {}};
+}
+
+class Krt : public testing::Test {
+  protected:
+    void SetUp() override {
+        std::string pattern = fs::temp_directory_path() / "krt.XXXXXX";
+        ASSERT_TRUE(mkdtemp(pattern.data()));
+        folder = pattern;
+    }
+    void TearDown() override { fs::remove_all(folder); }
+
+    /// Runs the tool in the test's folder, by a shell.
+    int run(std::string const& arguments, std::string const& behind = "") {
+        auto const command = "cd '" + folder.string() + "' && '" KRT_PROGRAM "' " + arguments +
+                             " >out 2>err </dev/null" + behind;
+        int const status = std::system(command.c_str());
+        out = bytes_of(folder / "out");
+        err = bytes_of(folder / "err");
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    std::string take(std::string const& example) {
+        fs::copy_file(fs::path(KRT_EXAMPLES) / example, folder / example,
+                      fs::copy_options::overwrite_existing);
+        return example;
+    }
+    void write(std::string const& name, std::string_view bytes) const {
+        std::ofstream(folder / name, std::ios::binary) << bytes;
+    }
+    /// An example with one text replaced by another.
+    void write_changed(std::string const& name, std::string const& example, std::string const& from,
+                       std::string const& to) {
+        auto bytes = bytes_of(fs::path(KRT_EXAMPLES) / example);
+        auto const at = bytes.find(from);
+        ASSERT_NE(at, std::string::npos) << from;
+        write(name, bytes.replace(at, from.size(), to));
+    }
+
+    fs::path folder;
+    std::string out, err;
+};
+
+} // namespace
+
+TEST_F(Krt, CheckTellsWhatTheEditorWouldAsk) {
+    EXPECT_EQ(run("check " + take("asiakkaat.krt")), 0);
+    EXPECT_EQ(out + err, "");
+    write_changed("a.krt", "asiakkaat.krt", "field(3).left=126", "field(3).left=99999");
+    write_changed("b.krt", "vanha.krt", "field(1).style=0", "field(1).style=1");
+    EXPECT_EQ(run("check a.krt b.krt"), 1);
+    EXPECT_NE(out.find("a.krt: field 3: field(3).left: virheellinen arvo ”99999”"),
+              std::string::npos);
+    EXPECT_NE(out.find("b.krt: field 2: "), std::string::npos);
+    EXPECT_EQ(run("check --json a.krt"), 1);
+    auto const told = Json::parse(out);
+    EXPECT_EQ(told["file"], "a.krt");
+    EXPECT_EQ(told["readable"], true);
+    ASSERT_EQ(told["findings"].size(), 1U);
+    auto finding = told["findings"][0];
+    finding.erase("text");
+    EXPECT_EQ(finding, Json::parse(R"({"what": "repaired", "key": "field(3).left",
+                                       "found": "99999", "kept": "20"})"));
+    EXPECT_FALSE(told["links"].empty());
+    EXPECT_EQ(run("check --json b.krt"), 1);
+    EXPECT_EQ(Json::parse(out)["checks"],
+              Json::parse(R"([{"check": "no_title", "fields": [1, 2]}])"));
+}
+
+TEST_F(Krt, BadFilesHaveOneLineAndTheOthersGoOn) {
+    write("teksti.krt", "ei kortti");
+    fs::create_directory(folder / "kansio.krt");
+    std::ofstream(folder / "suuri.krt").close();
+    fs::resize_file(folder / "suuri.krt", 64UL * 1024 * 1024 + 1);
+    auto const good = take("vanha.krt");
+    EXPECT_EQ(run("links teksti.krt puuttuu.krt kansio.krt suuri.krt " + good), 2);
+    EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 4);
+    for (auto const* const name : {"teksti.krt: ei ole korttimalli", "puuttuu.krt: ei voi lukea",
+                                   "kansio.krt: on hakemisto", "suuri.krt: on liian suuri"})
+        EXPECT_NE(err.find(name), std::string::npos) << name;
+    EXPECT_TRUE(out.starts_with("vanha.krt: 1 Nimi: 2\n"));
+    EXPECT_EQ(run("check --json teksti.krt"), 2);
+    EXPECT_EQ(Json::parse(out)["readable"], false);
+    for (auto const* const wrong : {"", "vieras", "check", "repair -o x --in-place a", "make a b"})
+        EXPECT_EQ(run(wrong), 2) << wrong;
+    for (auto const* const command : {"", "check ", "repair ", "links ", "json ", "make "})
+        EXPECT_EQ(run(std::string(command) + "--help"), 0) << command;
+}
+
+TEST_F(Krt, RepairWritesOnlyWhatWasWrong) {
+    auto const good = take("asiakkaat.krt");
+    EXPECT_EQ(run("repair " + good), 0);
+    EXPECT_EQ(out, "");
+    EXPECT_EQ(run("repair --always " + good), 0);
+    EXPECT_TRUE(out == bytes_of(folder / good));
+    auto const broken = take("rikki.krt");
+    auto const before = bytes_of(folder / broken);
+    EXPECT_EQ(run("repair --in-place " + broken), 1);
+    EXPECT_TRUE(bytes_of(folder / "rikki.krt~") == before);
+    EXPECT_EQ(run("repair " + broken), 0);
+    EXPECT_EQ(out, "");
+    // A picture that is missing is told; the card keeps its path, and everything else.
+    auto const pictured = take("sukukirja.krt");
+    EXPECT_EQ(run("repair -o uusi.krt " + pictured), 1);
+    EXPECT_NE(err.find("tausta.bmp"), std::string::npos);
+    EXPECT_NE(bytes_of(folder / "uusi.krt").find("tausta.bmp"), std::string::npos);
+    // What cannot be written leaves nothing behind.
+    EXPECT_EQ(run("repair -o ei/ole/uusi.krt " + pictured), 2);
+    EXPECT_EQ(run("repair --always - ", " <asiakkaat.krt"), 0);
+}
+
+TEST_F(Krt, JsonAndBackGivesTheSameFile) {
+    for (auto const* const name :
+         {"asiakkaat.krt", "jasenet.krt", "kolmesataa.krt", "laskut.krt", "tuotteet.krt"}) {
+        take(name);
+        ASSERT_EQ(run(std::string("json ") + name, " && cp out kortti.json"), 0);
+        auto const json = Json::parse(out);
+        EXPECT_FALSE(json["card"].contains("fields"));
+        EXPECT_EQ(run("make kortti.json -o uusi.krt"), 0) << err;
+        EXPECT_TRUE(bytes_of(folder / "uusi.krt") == bytes_of(folder / name)) << name;
+    }
+}
+
+TEST_F(Krt, MakeNamesThePlaceOfWhatIsWrong) {
+    ASSERT_EQ(run("json " + take("vanha.krt")), 0);
+    auto const good = Json::parse(out);
+    auto const refusal = [&](char const* pointer, Json const& value) {
+        auto changed = good;
+        changed[Json::json_pointer(pointer)] = value;
+        write("k.json", changed.dump());
+        EXPECT_EQ(run("make k.json -o uusi.krt"), 2);
+        EXPECT_FALSE(fs::exists(folder / "uusi.krt"));
+        return err;
+    };
+    for (auto const& [pointer, value] :
+         std::initializer_list<std::pair<char const*, Json>>{{"/card/width", "300"},
+                                                             {"/card/width", 59},
+                                                             {"/card/vieras", 1},
+                                                             {"/card/dateStyle/3", 9},
+                                                             {"/card/editDate", "2004-13-01"},
+                                                             {"/fields/1/left", 1e99},
+                                                             {"/fields/1/left", 40000},
+                                                             {"/fields/0/caption", "kaksi\nriviä"},
+                                                             {"/fields/0/caption", "日本"},
+                                                             {"/fields/2/fontBold", 1}})
+        EXPECT_NE(refusal(pointer, value).find(pointer), std::string::npos) << pointer << err;
+    auto lacking = good;
+    lacking["fields"][0].erase("tabIndex");
+    write("k.json", lacking.dump());
+    EXPECT_EQ(run("make k.json"), 2);
+    EXPECT_NE(err.find("/fields/0/tabIndex"), std::string::npos);
+    write("k.json", "{");
+    EXPECT_EQ(run("make k.json"), 2);
+}

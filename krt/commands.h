@@ -32,6 +32,9 @@ Status repair(Files const& files, RepairTarget const& target);
 
 Status links(Files const& files, Form form);
 
+/// The differences of two cards by meaning, and whether the one has become another card.
+Status diff(std::string const& first, std::string const& second, Form form);
+
 Status to_json(Files const& files);
 Status make(std::string const& source, std::string const& target);
 

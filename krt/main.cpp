@@ -41,6 +41,8 @@ int run(CLI::App& program, Wanted& wanted) {
             return krt::repair(wanted.files, wanted.repair);
         if (chosen == "links")
             return krt::links(wanted.files, wanted.form());
+        if (chosen == "diff")
+            return krt::diff(wanted.files.front(), wanted.files.back(), wanted.form());
         if (chosen == "json")
             return krt::to_json(wanted.files);
         return krt::make(wanted.files.front(), wanted.output);
@@ -68,6 +70,13 @@ int main(int argc, char* argv[]) {
     repair->add_flag("--always", wanted.repair.always, "myös kun korjattavaa ei ole");
 
     add_json(*add_command(program, wanted, "links", "luettelee linkit"), wanted);
+
+    auto* const diff = program.add_subcommand("diff", "vertaa kahta korttia");
+    diff->add_option("FILE", wanted.files, "vanha ja uusi kortti, - on vakiosyöte")
+        ->required()
+        ->expected(2);
+    add_json(*diff, wanted);
+
     add_command(program, wanted, "json", "tulostaa kortin JSONina");
 
     auto* const make = program.add_subcommand("make", "tekee kortin JSONista");

@@ -139,6 +139,32 @@ TEST_F(Krt, JsonAndBackGivesTheSameFile) {
     }
 }
 
+TEST_F(Krt, DiffTellsWhatHasChangedByMeaning) {
+    auto const card = take("vanha.krt");
+    EXPECT_EQ(run("diff vanha.krt vanha.krt"), 0);
+    EXPECT_EQ(out, "");
+    ASSERT_EQ(run("json " + card), 0);
+    auto changed = Json::parse(out);
+    auto& fields = changed["fields"];
+    fields[3]["width"] = 99;
+    std::swap(fields[0], fields[2]); // the titles "Nimi" and "Lähiosoite"
+    fields.erase(11);
+    write("k.json", changed.dump());
+    ASSERT_EQ(run("make k.json -o uusi.krt"), 0) << err;
+    EXPECT_EQ(run("diff vanha.krt uusi.krt"), 1);
+    EXPECT_NE(out.find("kenttä 1 Otsikko ”Nimi” on nyt 3\n"), std::string::npos);
+    EXPECT_NE(out.find("kenttä 4 Tekstikenttä: width 180 -> 99\n"), std::string::npos);
+    EXPECT_NE(out.find("kenttä 12 V-Tekstikenttä on poissa\n"), std::string::npos);
+    EXPECT_EQ(out.find("group"), std::string::npos);
+    EXPECT_EQ(out.find("linkki"), std::string::npos); // the same fields, by other numbers
+    EXPECT_TRUE(out.ends_with("kortista on tullut toinen kortti\n"));
+    EXPECT_EQ(run("diff --json uusi.krt vanha.krt"), 1);
+    auto const told = Json::parse(out);
+    EXPECT_EQ(told["differences"][0]["field"], 1);
+    EXPECT_TRUE(told["differences"].back().contains("added"));
+    EXPECT_EQ(run("diff vanha.krt puuttuu.krt"), 2);
+}
+
 TEST_F(Krt, MakeNamesThePlaceOfWhatIsWrong) {
     ASSERT_EQ(run("json " + take("vanha.krt")), 0);
     auto const good = Json::parse(out);

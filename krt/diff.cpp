@@ -1,0 +1,180 @@
+#include "krt/card_json.h"
+#include "krt/commands.h"
+#include "krt/files.h"
+
+#include "card/identity.h"
+#include "card/kinds.h"
+#include "card/linking.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace krt {
+
+namespace {
+
+using kehystin::CardData;
+using kehystin::Field;
+
+/// The partner of each field in the other card, by number; 0 for none.
+struct Pairs {
+    std::vector<int> of_first;
+    std::vector<int> of_second;
+};
+
+Pairs pair_fields(CardData const& first, CardData const& second) {
+    int const here = first.card.fields;
+    int const there = second.card.fields;
+    Pairs pairs{std::vector<int>(static_cast<std::size_t>(here) + 1),
+                std::vector<int>(static_cast<std::size_t>(there) + 1)};
+    auto const partner = [&](int i) -> int& { return pairs.of_first[static_cast<std::size_t>(i)]; };
+    auto const owner = [&](int i) -> int& { return pairs.of_second[static_cast<std::size_t>(i)]; };
+    auto const join = [&](int i, int j) {
+        partner(i) = j;
+        owner(j) = i;
+    };
+    auto const alike = [&](int i, int j) {
+        auto const& one = first.field(i);
+        auto const& other = second.field(j);
+        return one.style == other.style && one.caption.trimmed() == other.caption.trimmed();
+    };
+    for (int i = 1; i <= std::min(here, there); ++i)
+        if (alike(i, i))
+            join(i, i);
+    // What has got another number is known by its kind and caption, where it has one.
+    for (int i = 1; i <= here; ++i)
+        for (int j = 1; j <= there && partner(i) == 0; ++j)
+            if (owner(j) == 0 && !first.field(i).caption.trimmed().empty() && alike(i, j))
+                join(i, j);
+    for (int i = 1; i <= std::min(here, there); ++i)
+        if (partner(i) == 0 && owner(i) == 0 && first.field(i).style == second.field(i).style)
+            join(i, i);
+    return pairs;
+}
+
+/// What follows from the places of the fields says nothing of its own: both cards are linked anew,
+/// and a field's title is compared as a field.
+bool is_derived(Field const& one, std::string_view member) {
+    return member == "group" || (one.is_title() && member == "list");
+}
+
+Json difference(int first, int second, std::string_view member, Json const& before,
+                Json const& after) {
+    Json found = Json::object();
+    if (first != 0)
+        found["field"] = first;
+    if (second != 0 && second != first)
+        found["now"] = second;
+    found["member"] = member;
+    found["before"] = before;
+    found["after"] = after;
+    return found;
+}
+
+class Comparison {
+  public:
+    Comparison(CardData& first, CardData& second)
+        : first_(first), second_(second), pairs_(pair_fields(first, second)) {
+        auto const before = card_to_json(first);
+        auto const after = card_to_json(second);
+        for (auto const& [name, value] : before["card"].items())
+            if (name != "editDate" && value != after["card"][name])
+                found_.push_back(difference(0, 0, name, value, after["card"][name]));
+        for (int i = 1; i <= first.card.fields; ++i)
+            compare_field(i, before["fields"], after["fields"]);
+        for (int j = 1; j <= second.card.fields; ++j)
+            if (pairs_.of_second[static_cast<std::size_t>(j)] == 0)
+                found_.push_back({{"now", j}, {"added", after["fields"][at(j)]}});
+    }
+
+    Json const& found() const { return found_; }
+
+  private:
+    static std::size_t at(int number) { return static_cast<std::size_t>(number) - 1; }
+
+    void compare_field(int i, Json const& before, Json const& after) {
+        int const j = pairs_.of_first[static_cast<std::size_t>(i)];
+        if (j == 0) {
+            found_.push_back({{"field", i}, {"removed", before[at(i)]}});
+            return;
+        }
+        if (i != j)
+            found_.push_back(difference(i, j, "number", i, j));
+        for (auto const& [name, value] : before[at(i)].items()) {
+            if (is_derived(first_.field(i), name))
+                continue;
+            auto const& now = after[at(j)][name];
+            if (name == "linkki" ? !is_same_field(value, now) : value != now)
+                found_.push_back(difference(i, j, name, value, now));
+        }
+    }
+
+    bool is_same_field(int before, int after) const {
+        bool const known = before >= 1 && before <= first_.card.fields;
+        return known ? pairs_.of_first[static_cast<std::size_t>(before)] == after : before == after;
+    }
+
+    CardData& first_;
+    CardData& second_;
+    Pairs pairs_;
+    Json found_ = Json::array();
+};
+
+std::string in_words(Json const& one, CardData const& first, CardData const& second) {
+    auto const name = [](CardData const& card, int number) {
+        auto const* const kind = kehystin::kind_of(card.field(number).style);
+        auto const caption = card.field(number).caption.trimmed();
+        return (kind ? " " + std::string(kind->word.substr(3)) : "") +
+               (caption.empty() ? "" : " ”" + caption + "”");
+    };
+    if (one.contains("added")) {
+        int const number = one["now"];
+        return "uusi kenttä " + std::to_string(number) + name(second, number);
+    }
+    std::string text = "kortti";
+    if (one.contains("field")) {
+        int const number = one["field"];
+        text = "kenttä " + std::to_string(number) + name(first, number);
+    }
+    if (one.contains("removed"))
+        return text + " on poissa";
+    if (one["member"] == "number")
+        return text + " on nyt " + one["after"].dump();
+    return text + ": " + one["member"].get<std::string>() + " " + one["before"].dump() + " -> " +
+           one["after"].dump();
+}
+
+} // namespace
+
+Status diff(std::string const& first, std::string const& second, Form form) {
+    std::optional<kehystin::Reading> readings[2];
+    for (auto const& [file, reading] : {std::pair(std::cref(first), std::ref(readings[0])),
+                                        std::pair(std::cref(second), std::ref(readings[1]))}) {
+        auto const bytes = read_bytes(file);
+        if (bytes)
+            reading.get() = Reader{Fonts::kept, Pictures::kept}.read(file, *bytes);
+        if (!reading.get())
+            return Status::failed;
+        kehystin::link_card(reading.get()->data);
+    }
+    auto& before = readings[0]->data;
+    auto& after = readings[1]->data;
+    Comparison const comparison(before, after);
+    bool const another = kehystin::is_another_card(before, after);
+    auto const& found = comparison.found();
+    if (form == Form::json) {
+        Json const told = {{"before", first},
+                           {"after", second},
+                           {"another_card", another},
+                           {"differences", found}};
+        print(told.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n");
+    } else {
+        for (auto const& one : found)
+            print(in_words(one, before, after) + "\n");
+        if (another && !found.empty())
+            print("kortista on tullut toinen kortti\n");
+    }
+    return found.empty() ? Status::quiet : Status::findings;
+}
+
+} // namespace krt

@@ -12,6 +12,9 @@ using krt::Files;
 using krt::Form;
 using krt::Status;
 
+char const* const options_group = "Valitsimet";
+char const* const commands_group = "Komennot";
+
 /// What the words of the command line ask for, run behind their parsing.
 struct Wanted {
     Files files;
@@ -23,13 +26,42 @@ struct Wanted {
 };
 
 CLI::App* add_command(CLI::App& program, Wanted& wanted, char const* name, char const* what) {
-    auto* const command = program.add_subcommand(name, what);
+    auto* const command = program.add_subcommand(name, what)->group(commands_group);
     command->add_option("FILE", wanted.files, "korttitiedostoja, - on vakiosyöte")->required();
     return command;
 }
 
 void add_json(CLI::App& command, Wanted& wanted) {
     command.add_flag("--json", wanted.json, "tulostaa JSONia, olion riville");
+}
+
+/// What is wrong with the command line.
+std::string fault_of(CLI::Error const& error) {
+    if (dynamic_cast<CLI::RequiredError const*>(&error))
+        return "komento, tiedosto tai valitsin puuttuu";
+    if (dynamic_cast<CLI::ExtrasError const*>(&error))
+        return "tuntematon komento, valitsin tai liikaa tiedostoja";
+    if (dynamic_cast<CLI::ExcludesError const*>(&error))
+        return "valitsimet eivät sovi yhteen";
+    return "komento on virheellinen";
+}
+
+/// The words that the library has of its own, in the language of the rest.
+void speak_finnish(CLI::App& program) {
+    auto const words = program.get_formatter();
+    for (auto const& [english, finnish] : {std::pair("Usage", "Käyttö"),
+                                           {"OPTIONS", "VALITSIMET"},
+                                           {"SUBCOMMAND", "KOMENTO"},
+                                           {"Positionals", "Tiedostot"},
+                                           {"REQUIRED", "(pakollinen)"},
+                                           {"Excludes", "ei yhdessä"},
+                                           {"TEXT", "TEKSTI"}})
+        words->label(english, finnish);
+    program.option_defaults()->group(options_group);
+    program.set_help_flag("-h,--help", "näyttää tämän ohjeen")->group(options_group);
+    program.failure_message([](CLI::App const*, CLI::Error const& error) {
+        return "krt: " + fault_of(error) + ", katso krt --help\n";
+    });
 }
 
 int run(CLI::App& program, Wanted& wanted) {
@@ -54,7 +86,8 @@ int run(CLI::App& program, Wanted& wanted) {
 
 int main(int argc, char* argv[]) {
     CLI::App program("krt tutkii, korjaa ja muuntaa korttimalleja ilman ikkunaa.", "krt");
-    program.set_version_flag("--version", "krt " KRT_VERSION);
+    speak_finnish(program);
+    program.set_version_flag("--version", "krt " KRT_VERSION, "näyttää version");
     program.require_subcommand(1);
     program.footer("Paluuarvo: 0 ei sanottavaa, 1 löydöksiä tai eroja, 2 tiedostoa ei voitu lukea "
                    "tai kirjoittaa tai komento on virheellinen.");
@@ -71,7 +104,8 @@ int main(int argc, char* argv[]) {
 
     add_json(*add_command(program, wanted, "links", "luettelee linkit"), wanted);
 
-    auto* const diff = program.add_subcommand("diff", "vertaa kahta korttia");
+    auto* const diff =
+        program.add_subcommand("diff", "vertaa kahta korttia")->group(commands_group);
     diff->add_option("FILE", wanted.files, "vanha ja uusi kortti, - on vakiosyöte")
         ->required()
         ->expected(2);
@@ -79,11 +113,14 @@ int main(int argc, char* argv[]) {
 
     add_command(program, wanted, "json", "tulostaa kortin JSONina");
 
-    auto* const make = program.add_subcommand("make", "tekee kortin JSONista");
+    auto* const make =
+        program.add_subcommand("make", "tekee kortin JSONista")->group(commands_group);
     make->add_option("FILE", wanted.files, "JSON-tiedosto, - on vakiosyöte")
         ->required()
         ->expected(1);
     make->add_option("-o", wanted.output, "tiedostoon eikä tulosteeseen");
+    for (auto* const command : program.get_subcommands({}))
+        command->get_help_ptr()->group(options_group);
 
     try {
         program.parse(argc, argv);

@@ -15,8 +15,6 @@ using namespace kehystin;
 
 namespace {
 
-constexpr Date end_of_time = 2958465; // the last day that a date of four digits can name
-
 std::string without_padding(FixedTextRef text) {
     auto bytes = text.bytes();
     auto const last = bytes.find_last_not_of(std::string_view(" \0", 2));
@@ -50,7 +48,11 @@ Json value_to_json(MemberRef const& member) {
 
 /// The place of a member, as JSON pointers write it.
 std::string below(std::string const& pointer, std::string_view name) {
-    return pointer + "/" + std::string(name);
+    auto escaped = std::string(name);
+    for (auto const& [sign, code] : {std::pair("~", "~0"), {"/", "~1"}})
+        for (auto at = escaped.find(sign); at != std::string::npos; at = escaped.find(sign, at + 2))
+            escaped.replace(at, 1, code);
+    return pointer + "/" + base::in_one_line(escaped);
 }
 
 void take_text(FixedTextRef text, Json const& value, std::string const& pointer) {
@@ -200,11 +202,12 @@ void require_same(Json const& wanted, Json const& got) {
 }
 
 /// The card as its file would be read again must be the card.
-void require_readable(CardData const& card) {
+void require_readable(CardData const& card, Date today) {
     auto written = card;
     auto const bytes = write_card(written);
     Surroundings around;
-    around.today = end_of_time;
+    around.today = today;
+    around.folder = "+";
     auto read = read_card(bytes, {}, around);
     for (auto const& finding : read.findings)
         throw BadJson(pointer_of(finding.key), text_of(finding));
@@ -237,7 +240,7 @@ Json card_to_json(CardData& data) {
     return {{"card", std::move(card)}, {"fields", std::move(fields)}};
 }
 
-CardData json_to_card(Json const& json) {
+CardData json_to_card(Json const& json, Date today) {
     require_object(json, "");
     refuse_unknown(json, "",
                    [](std::string const& name) { return name == "card" || name == "fields"; });
@@ -252,7 +255,7 @@ CardData json_to_card(Json const& json) {
     card.fields.resize(fields.size() + 1);
     for (std::size_t i = 0; i < fields.size(); ++i)
         take_field(card.fields[i + 1], fields[i], "/fields/" + std::to_string(i));
-    require_readable(card);
+    require_readable(card, today);
     return card;
 }
 

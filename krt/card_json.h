@@ -19,11 +19,11 @@ Json card_to_json(kehystin::CardData& card);
 class BadJson : public std::runtime_error {
   public:
     BadJson(std::string const& pointer, std::string const& what)
-        : std::runtime_error((pointer.empty() ? "/" : pointer) + ": " + what) {}
+        : std::runtime_error(pointer.empty() ? what : pointer + ": " + what) {}
 };
 
 /// The reverse. Raises BadJson for a wrong type, an unknown or missing member, and a value that a
-/// card file cannot hold or that would not be read back from one as it is.
-kehystin::CardData json_to_card(Json const& json);
+/// card file cannot hold or that would not be read back from one as it is `today`.
+kehystin::CardData json_to_card(Json const& json, kehystin::Date today);
 
 } // namespace krt

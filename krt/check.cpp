@@ -70,8 +70,11 @@ std::string as_json(std::string const& file, Checked const& checked, bool readab
 
 Status check_file(std::string const& file, Form form) {
     auto const bytes = read_bytes(file);
-    if (!bytes)
+    if (!bytes) {
+        if (form == Form::json)
+            print(as_json(file, {}, false));
         return Status::failed;
+    }
     auto reading = Reader{}.read(file, *bytes);
     if (!reading) {
         Checked nothing;
@@ -88,10 +91,7 @@ Status check_file(std::string const& file, Form form) {
 } // namespace
 
 Status check(Files const& files, Form form) {
-    auto status = Status::quiet;
-    for (auto const& file : files)
-        status = worse(status, check_file(file, form));
-    return status;
+    return each(files, [&](std::string const& file) { return check_file(file, form); });
 }
 
 } // namespace krt

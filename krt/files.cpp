@@ -9,6 +9,7 @@
 #include <cstring>
 #include <filesystem>
 #include <memory>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -26,10 +27,11 @@ struct CloseFile {
 };
 using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
 
-/// Reads to the end instead of trusting a size: a pipe has none.
-std::optional<std::string> read_all(std::FILE* from) {
+/// Reads to the end, also where the size says nothing: a pipe has none.
+std::optional<std::string> read_all(std::FILE* from, std::size_t size) {
     std::string bytes;
     constexpr std::size_t step = 256U * 1024;
+    bytes.reserve((size > 0 ? size : largest_input) + 2 * step); // grown, it would stand twice
     for (std::size_t got = step; got == step && bytes.size() <= largest_input;) {
         auto const used = bytes.size();
         bytes.resize(used + step);
@@ -54,11 +56,27 @@ class SampleFont {
     std::string name_ = "MS Sans Serif";
 };
 
-kehystin::Date today() {
-    auto const now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-    std::tm local{};
-    localtime_r(&now, &local);
-    return base::to_date({local.tm_year + 1900, local.tm_mon + 1, local.tm_mday});
+constexpr std::string_view beside = "+"; // before the path of a picture in the card's folder
+
+/// What the system says of a failure, for the usual ones.
+std::string fault_of(int error) {
+    switch (error) {
+    case ENOENT:
+        return "tiedostoa tai hakemistoa ei ole";
+    case EACCES:
+    case EPERM:
+        return "ei ole oikeutta";
+    case ENOSPC:
+        return "levy on täynnä";
+    case EROFS:
+        return "levylle ei voi kirjoittaa";
+    case EISDIR:
+        return "on hakemisto";
+    case ENOTDIR:
+        return "polussa on tiedosto, joka ei ole hakemisto";
+    default:
+        return std::strerror(error);
+    }
 }
 
 bool is_file(std::string const& path) {
@@ -67,6 +85,26 @@ bool is_file(std::string const& path) {
 }
 
 } // namespace
+
+kehystin::Date today() {
+    auto const now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+    std::tm local{};
+    localtime_r(&now, &local);
+    return base::to_date({local.tm_year + 1900, local.tm_mon + 1, local.tm_mday});
+}
+
+Status each(Files const& files, std::function<Status(std::string const&)> const& command) {
+    auto status = Status::quiet;
+    for (auto const& file : files) {
+        try {
+            status = worse(status, command(file));
+        } catch (std::bad_alloc const&) {
+            complain(file, "muisti ei riitä");
+            status = Status::failed;
+        }
+    }
+    return status;
+}
 
 void complain(std::string const& file, std::string_view what) {
     std::fprintf(stderr, "krt: %s: %.*s\n", file == "-" ? "vakiosyöte" : file.c_str(),
@@ -79,10 +117,15 @@ std::optional<std::string> read_bytes(std::string const& file) {
         complain(file, "on hakemisto");
         return std::nullopt;
     }
+    auto const size = file == "-" ? 0 : fs::file_size(file, ignored);
+    if (!ignored && size > largest_input) {
+        complain(file, "on liian suuri, enintään 64 Mt luetaan");
+        return std::nullopt;
+    }
     OpenFile const from(file == "-" ? stdin : std::fopen(file.c_str(), "rb"));
-    auto bytes = from ? read_all(from.get()) : std::nullopt;
+    auto bytes = from ? read_all(from.get(), ignored ? 0 : size) : std::nullopt;
     if (!bytes)
-        complain(file, std::string("ei voi lukea: ") + std::strerror(errno));
+        complain(file, "ei voi lukea: " + fault_of(errno));
     else if (bytes->size() > largest_input) {
         complain(file, "on liian suuri, enintään 64 Mt luetaan");
         bytes.reset();
@@ -95,9 +138,13 @@ std::optional<kehystin::Reading> Reader::read(std::string const& file,
     SampleFont sample;
     kehystin::Surroundings around;
     around.today = today();
-    around.folder = base::folder_part(file);
+    // A picture beside the card stays named so: the card may be moved with it.
+    around.folder = beside;
     if (pictures == Pictures::looked_for)
-        around.has_file = is_file;
+        around.has_file = [&](std::string const& path) {
+            return is_file(path.starts_with(beside) ? base::folder_part(file) + path.substr(1)
+                                                    : path);
+        };
     if (fonts == Fonts::judged)
         around.kept_font = [&](std::string const& name) { return sample.kept(name); };
     try {
@@ -115,16 +162,39 @@ bool print(std::string_view text) {
     return std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
 }
 
-bool write_whole(std::string const& file, std::string_view bytes, bool backup) {
-    auto pattern = file + ".XXXXXX";
+namespace {
+
+/// Writes into an open file to the end. The error, or 0.
+int write_all(std::FILE* to, std::string_view bytes) {
+    bool const done = to && std::fwrite(bytes.data(), 1, bytes.size(), to) == bytes.size() &&
+                      std::fflush(to) == 0;
+    return done ? 0 : errno;
+}
+
+/// A copy under a name of its own first: an older one stays until the new one is whole.
+void keep_backup(fs::path const& file, std::error_code& failed) {
+    auto const copy = file.string() + ".~";
+    fs::copy_file(file, copy, fs::copy_options::overwrite_existing, failed);
+    if (!failed)
+        fs::rename(copy, file.string() + "~", failed);
+    std::error_code ignored;
+    if (failed)
+        fs::remove(copy, ignored);
+}
+
+/// A new file beside it takes its place when it is whole. The error, or 0.
+int replace_file(fs::path const& file, std::string_view bytes, bool backup) {
+    auto pattern = (file.parent_path() / ".krt.XXXXXX").string();
     int const descriptor = mkstemp(pattern.data());
-    OpenFile to(descriptor < 0 ? nullptr : fdopen(descriptor, "wb"));
-    bool written = to && std::fwrite(bytes.data(), 1, bytes.size(), to.get()) == bytes.size() &&
-                   std::fflush(to.get()) == 0 && fsync(descriptor) == 0;
-    int error = errno;
+    if (descriptor < 0)
+        return errno;
+    OpenFile to(fdopen(descriptor, "wb"));
+    int error = write_all(to.get(), bytes);
+    if (error == 0 && fsync(descriptor) != 0)
+        error = errno;
     to.reset();
     std::error_code failed;
-    if (written) {
+    if (error == 0) {
         // A new file has the rights that the old one had, or those that any new file gets.
         auto const old = fs::status(file, failed);
         auto const mask = umask(0);
@@ -132,18 +202,30 @@ bool write_whole(std::string const& file, std::string_view bytes, bool backup) {
         fs::permissions(pattern, fs::exists(old) ? old.permissions() : fs::perms(0666 & ~mask),
                         failed);
         if (backup && fs::exists(old))
-            fs::copy_file(file, file + "~", fs::copy_options::overwrite_existing, failed);
+            keep_backup(file, failed);
         if (!failed || !backup)
             fs::rename(pattern, file, failed);
-        written = !failed;
         error = failed.value();
     }
-    if (!written) {
-        if (descriptor >= 0)
-            fs::remove(pattern, failed);
-        complain(file, std::string("ei voi kirjoittaa: ") + std::strerror(error));
-    }
-    return written;
+    if (error != 0)
+        fs::remove(pattern, failed);
+    return error;
+}
+
+} // namespace
+
+bool write_whole(std::string const& file, std::string_view bytes, bool backup) {
+    std::error_code none;
+    auto const known = fs::exists(file, none);
+    auto const target = known ? fs::canonical(file, none) : fs::path(file); // behind any link
+    int error = EISDIR;
+    if (!known || fs::is_regular_file(target, none))
+        error = replace_file(target, bytes, backup);
+    else if (!fs::is_directory(target, none))
+        error = write_all(OpenFile(std::fopen(target.c_str(), "wb")).get(), bytes);
+    if (error != 0)
+        complain(file, "ei voi kirjoittaa: " + fault_of(error));
+    return error == 0;
 }
 
 } // namespace krt

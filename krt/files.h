@@ -2,7 +2,9 @@
 #pragma once
 
 #include "card/reading.h"
+#include "krt/commands.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +14,11 @@ namespace krt {
 /// Files up to this size are read, as by the editor.
 inline constexpr std::size_t largest_input = 64U * 1024 * 1024;
 
+/// Runs a command for each file; what one of them is too large for is told, and the next comes.
+Status each(Files const& files, std::function<Status(std::string const&)> const& command);
+
+kehystin::Date today();
+
 /// A line on standard error: the file and what is wrong with it.
 void complain(std::string const& file, std::string_view what);
 
@@ -19,8 +26,8 @@ void complain(std::string const& file, std::string_view what);
 /// read.
 std::optional<std::string> read_bytes(std::string const& file);
 
-/// A card read as the editor reads it after Yes to every question. Nothing, with a complaint, for a
-/// file that cannot be read or that is no card; `reading` then has what was found.
+/// A card read as the editor reads it after Yes to every question; a picture beside the card keeps
+/// its "+". Nothing, with a complaint, for a file that cannot be read or that is no card.
 enum class Fonts { judged, kept };
 enum class Pictures { looked_for, kept };
 struct Reader {
@@ -33,8 +40,8 @@ struct Reader {
 /// Writes standard output. False where nobody reads it any more.
 bool print(std::string_view text);
 
-/// Writes a file whole or not at all; with `backup` an old one is kept under its name and "~".
-/// False, with a complaint, where it could not.
+/// Writes a file whole or not at all, where it is one: into a device it writes straight. With
+/// `backup` an old one is kept under its name and "~". False, with a complaint, where it could not.
 bool write_whole(std::string const& file, std::string_view bytes, bool backup = false);
 
 } // namespace krt

@@ -8,6 +8,8 @@ namespace krt {
 
 namespace {
 
+constexpr std::size_t largest_json = 2U * 1024 * 1024; // the largest card has half of it
+
 Status json_of_file(std::string const& file) {
     auto const bytes = read_bytes(file);
     auto reading = bytes ? Reader{Fonts::kept, Pictures::kept}.read(file, *bytes) : std::nullopt;
@@ -20,10 +22,7 @@ Status json_of_file(std::string const& file) {
 } // namespace
 
 Status to_json(Files const& files) {
-    auto status = Status::quiet;
-    for (auto const& file : files)
-        status = worse(status, json_of_file(file));
-    return status;
+    return each(files, [](std::string const& file) { return json_of_file(file); });
 }
 
 Status make(std::string const& source, std::string const& target) {
@@ -31,14 +30,16 @@ Status make(std::string const& source, std::string const& target) {
     if (!bytes)
         return Status::failed;
     try {
-        auto card = json_to_card(Json::parse(*bytes));
+        if (bytes->size() > largest_json)
+            throw BadJson("", "on liian suuri kortiksi");
+        auto card = json_to_card(Json::parse(*bytes), today());
         auto const written = kehystin::write_card(card);
         bool const done = target.empty() ? print(written) : write_whole(target, written);
         return done ? Status::quiet : Status::failed;
     } catch (BadJson const& bad) {
         complain(source, bad.what());
     } catch (nlohmann::json::exception const& bad) {
-        complain(source, std::string("ei ole JSONia: ") + bad.what());
+        complain(source, std::string("ei ole JSONia (") + bad.what() + ")");
     }
     return Status::failed;
 }

@@ -50,10 +50,7 @@ Status links_of_file(std::string const& file, Form form) {
 } // namespace
 
 Status links(Files const& files, Form form) {
-    auto status = Status::quiet;
-    for (auto const& file : files)
-        status = worse(status, links_of_file(file, form));
-    return status;
+    return each(files, [&](std::string const& file) { return links_of_file(file, form); });
 }
 
 } // namespace krt

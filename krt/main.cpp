@@ -1,9 +1,11 @@
 // krt: cards without a window.
 #include "krt/commands.h"
+#include "krt/files.h"
 
 #include <CLI/CLI.hpp>
 
-#include <clocale>
+#include <cerrno>
+#include <cstdio>
 #include <iostream>
 
 namespace {
@@ -62,6 +64,15 @@ void speak_finnish(CLI::App& program) {
     program.failure_message([](CLI::App const*, CLI::Error const& error) {
         return "krt: " + fault_of(error) + ", katso krt --help\n";
     });
+}
+
+/// What nobody reads any more is no fault worth a word.
+bool flush_output() {
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return true;
+    if (errno != EPIPE)
+        krt::complain("-", "tulostetta ei voi kirjoittaa");
+    return false;
 }
 
 int run(CLI::App& program, Wanted& wanted) {
@@ -125,11 +136,13 @@ int main(int argc, char* argv[]) {
     try {
         program.parse(argc, argv);
     } catch (CLI::ParseError const& error) {
-        return program.exit(error) == 0 ? 0 : static_cast<int>(Status::failed);
+        bool const told = program.exit(error) == 0 && std::cout.flush();
+        return static_cast<int>(told ? Status::quiet : Status::failed);
     }
     if (wanted.files.size() > 1 && !wanted.repair.file.empty()) {
         std::cerr << "krt: -o sopii vain yhdelle tiedostolle\n";
         return static_cast<int>(Status::failed);
     }
-    return run(program, wanted);
+    auto const status = run(program, wanted);
+    return flush_output() ? status : static_cast<int>(Status::failed);
 }

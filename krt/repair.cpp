@@ -44,10 +44,7 @@ Status repair_file(std::string const& file, RepairTarget const& target) {
 } // namespace
 
 Status repair(Files const& files, RepairTarget const& target) {
-    auto status = Status::quiet;
-    for (auto const& file : files)
-        status = worse(status, repair_file(file, target));
-    return status;
+    return each(files, [&](std::string const& file) { return repair_file(file, target); });
 }
 
 } // namespace krt

@@ -125,11 +125,21 @@ TEST_F(Krt, RepairWritesOnlyWhatWasWrong) {
     // What cannot be written leaves nothing behind.
     EXPECT_EQ(run("repair -o ei/ole/uusi.krt " + pictured), 2);
     EXPECT_EQ(run("repair --always - ", " <asiakkaat.krt"), 0);
+    // Behind a link the file itself is repaired; output that nobody can take is a failure.
+    write("alku.krt", before);
+    fs::create_symlink("alku.krt", folder / "linkki.krt");
+    EXPECT_EQ(run("repair --in-place linkki.krt"), 1);
+    EXPECT_TRUE(fs::is_symlink(folder / "linkki.krt"));
+    EXPECT_TRUE(bytes_of(folder / "alku.krt") == bytes_of(folder / broken));
+    EXPECT_EQ(run("repair --always asiakkaat.krt -o /dev/full"), 2);
+    take("vanha.krt");
+    EXPECT_EQ(run("links vanha.krt", " && '" KRT_PROGRAM "' links vanha.krt >/dev/full"), 2);
+    EXPECT_EQ(run("--version", " && '" KRT_PROGRAM "' --version >/dev/full"), 2);
 }
 
 TEST_F(Krt, JsonAndBackGivesTheSameFile) {
-    for (auto const* const name :
-         {"asiakkaat.krt", "jasenet.krt", "kolmesataa.krt", "laskut.krt", "tuotteet.krt"}) {
+    for (auto const* const name : {"asiakkaat.krt", "jasenet.krt", "kolmesataa.krt", "laskut.krt",
+                                   "sukukirja.krt", "tuotteet.krt"}) {
         take(name);
         ASSERT_EQ(run(std::string("json ") + name, " && cp out kortti.json"), 0);
         auto const json = Json::parse(out);

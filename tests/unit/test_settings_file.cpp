@@ -62,6 +62,7 @@ TEST_F(SettingsFile, AFileThatEndsInsideATextGivesThePartThatIsThere) {
 TEST_F(SettingsFile, WhatWasReadStaysWhenTheClosingFails) {
     settings.gridX = 33;
     settings.guideX = 1;
+    settings.guideY = 5; // the least that can
     WriteSettings();
     settings = {};
     host.fail_file_operation(3, 57);
@@ -70,6 +71,7 @@ TEST_F(SettingsFile, WhatWasReadStaysWhenTheClosingFails) {
     EXPECT_NE(host.boxes.back().text.find("(57)"), std::string::npos);
     EXPECT_EQ(settings.gridX, 33);
     EXPECT_EQ(settings.guideX, 15); // still nothing that cannot stand
+    EXPECT_EQ(settings.guideY, 5);
 }
 
 TEST_F(SettingsFile, NumbersOutsideTheirRangeAreRepaired) {

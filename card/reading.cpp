@@ -6,7 +6,6 @@
 #include "card/repair.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 
 namespace kehystin {

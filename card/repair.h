@@ -22,11 +22,6 @@ class CardRepair {
                std::string_view value);
 
   private:
-    /// What stands before the label in a row.
-    struct RowHeads {
-        std::string of_number;
-        std::string of_text;
-    };
     struct Place; // what is stored, and how it is told
 
     void store_text(Place const& place, FixedTextRef member);

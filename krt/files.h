@@ -26,10 +26,11 @@ void complain(std::string const& file, std::string_view what);
 /// read.
 std::optional<std::string> read_bytes(std::string const& file);
 
-/// A card read as the editor reads it after Yes to every question; a picture beside the card keeps
-/// its "+". Nothing, with a complaint, for a file that cannot be read or that is no card.
 enum class Fonts { judged, kept };
 enum class Pictures { looked_for, kept };
+
+/// Reads a card as the editor does after Yes to every question; a picture beside the card keeps its
+/// "+". Nothing, with a complaint, for a file that cannot be read or that is no card.
 struct Reader {
     Fonts fonts = Fonts::judged;
     Pictures pictures = Pictures::looked_for;

@@ -8,7 +8,8 @@ namespace krt {
 
 namespace {
 
-constexpr std::size_t largest_json = 2U * 1024 * 1024; // the largest card has half of it
+constexpr std::size_t largest_json =
+    2U * 1024 * 1024; // more than any card, even with each letter escaped
 
 Status json_of_file(std::string const& file) {
     auto const bytes = read_bytes(file);

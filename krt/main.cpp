@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <iostream>
+#include <new>
 
 namespace {
 
@@ -71,7 +72,7 @@ bool flush_output() {
     if (std::fflush(stdout) == 0 && !std::ferror(stdout))
         return true;
     if (errno != EPIPE)
-        krt::complain("-", "tulostetta ei voi kirjoittaa");
+        krt::complain("vakiotuloste", "ei voi kirjoittaa");
     return false;
 }
 
@@ -143,6 +144,11 @@ int main(int argc, char* argv[]) {
         std::cerr << "krt: -o sopii vain yhdelle tiedostolle\n";
         return static_cast<int>(Status::failed);
     }
-    auto const status = run(program, wanted);
-    return flush_output() ? status : static_cast<int>(Status::failed);
+    try {
+        auto const status = run(program, wanted);
+        return flush_output() ? status : static_cast<int>(Status::failed);
+    } catch (std::bad_alloc const&) {
+        std::cerr << "krt: muisti ei riitä\n";
+        return static_cast<int>(Status::failed);
+    }
 }

@@ -22,7 +22,7 @@ struct Finding {
     };
     What what;
     std::string key;   ///< "field(3).left"
-    std::string found; ///< as the file has it
+    std::string found; ///< as the file has it, its first 1,000 characters at most
     std::string kept;  ///< as the card has it now
     std::string row;   ///< of the report to the user; empty where the repair is not told
 };

@@ -23,6 +23,9 @@ namespace {
 /// What a number beyond 16 bits counts as: it lies outside every range, and the row shows it.
 constexpr double beyond_integers = 31111;
 
+/// Of a value that cannot stand so much is kept to tell it: a hostile file has thousands of them.
+constexpr std::size_t longest_told = 1000;
+
 /// A number beyond a double has no digits of its own: its row shows what is written.
 std::string shown_number(double number, std::string_view value) {
     return std::isfinite(number) ? Format(number) : from_code_page(trimmed_view(value));
@@ -40,8 +43,9 @@ void put_number(MemberRef const& member, double number) {
 } // namespace
 
 void CardRepair::tell(Finding::What what, Place const& place, std::string kept, std::string row) {
-    reading_.findings.push_back(
-        {what, place.key, from_code_page(place.value), std::move(kept), std::move(row)});
+    reading_.findings.push_back({what, place.key,
+                                 from_code_page(place.value.substr(0, longest_told)),
+                                 std::move(kept), std::move(row)});
 }
 
 void CardRepair::store_text(Place const& place, FixedTextRef member) {
@@ -126,6 +130,7 @@ double CardRepair::repaired_number(Place const& place) {
     bool const stands = place.judged == Judged::guarded_flag
                             ? number == 0 || number == -1
                             : number >= repair.lowest && number <= highest;
+    // What would be put in its place already stands there: nothing is repaired, nothing told.
     if (stands || number == repaired)
         return number;
     tell(Finding::What::repaired, place, Format(repaired),

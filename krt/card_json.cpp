@@ -8,6 +8,8 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <set>
+#include <vector>
 
 namespace krt {
 
@@ -65,8 +67,8 @@ void take_text(FixedTextRef text, Json const& value, std::string const& pointer)
     if (bytes.size() > text.length())
         throw BadJson(pointer, "teksti on liian pitkä, enintään " + std::to_string(text.length()) +
                                    " merkkiä");
-    if (bytes.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos)
-        throw BadJson(pointer, "tekstissä ei voi olla rivinvaihtoa eikä NUL-merkkiä");
+    if (bytes.find_first_of("\r\n") != std::string::npos)
+        throw BadJson(pointer, "tekstissä ei voi olla rivinvaihtoa");
     text.assign_bytes(bytes);
 }
 
@@ -179,6 +181,55 @@ void take_field(Field& field, Json const& object, std::string const& pointer) {
                    below(pointer, member.name));
 }
 
+/// Watches a parse: the parser itself takes the last of two members of one name, and any depth.
+class StrictMembers {
+  public:
+    void see(Json::parse_event_t event, Json const& parsed) {
+        using Event = Json::parse_event_t;
+        switch (event) {
+        case Event::key:
+            open_.back().name = parsed.get<std::string>();
+            if (!open_.back().names.insert(open_.back().name).second)
+                throw BadJson(pointer(), "on kahdesti");
+            return;
+        case Event::value:
+            return count_element();
+        case Event::object_start:
+        case Event::array_start:
+            count_element();
+            open_.push_back({event == Event::array_start, -1, {}, {}});
+            if (open_.size() > deepest)
+                throw BadJson("", "on liian syvä kortiksi");
+            return;
+        case Event::object_end:
+        case Event::array_end:
+            open_.pop_back();
+        }
+    }
+
+  private:
+    static constexpr std::size_t deepest = 4; // the card, its fields, one of them, and one more
+    struct Open {
+        bool list;
+        int element;
+        std::string name; ///< of the member at hand
+        std::set<std::string> names;
+    };
+
+    void count_element() {
+        if (!open_.empty() && open_.back().list)
+            ++open_.back().element;
+    }
+    std::string pointer() const {
+        std::string pointer;
+        for (auto const& open : open_)
+            pointer = below(pointer, open.list ? std::to_string(open.element) : open.name);
+        return pointer;
+    }
+
+    std::vector<Open> open_;
+};
+
 /// "field(3).left" as "/fields/2/left", "card.fldSpeci(7)" as "/card/fldSpeci/6".
 std::string pointer_of(std::string const& key) {
     auto const dot = key.find(").");
@@ -238,6 +289,20 @@ Json card_to_json(CardData& data) {
         fields.push_back(std::move(field));
     }
     return {{"card", std::move(card)}, {"fields", std::move(fields)}};
+}
+
+Json parse_json(std::string_view text) {
+    StrictMembers members;
+    try {
+        return Json::parse(text, [&](int, Json::parse_event_t event, Json const& parsed) {
+            members.see(event, parsed);
+            return true;
+        });
+    } catch (Json::parse_error const& error) {
+        throw BadJson("", "ei ole JSONia, virhe tavun " + std::to_string(error.byte) + " kohdalla");
+    } catch (Json::exception const&) {
+        throw BadJson("", "ei ole JSONia, luku on liian suuri");
+    }
 }
 
 CardData json_to_card(Json const& json, Date today) {

@@ -22,8 +22,12 @@ class BadJson : public std::runtime_error {
         : std::runtime_error(pointer.empty() ? what : pointer + ": " + what) {}
 };
 
-/// The reverse. Raises BadJson for a wrong type, an unknown or missing member, and a value that a
-/// card file cannot hold or that would not be read back from one as it is `today`.
+/// Parses JSON. Raises BadJson where the text is none, for a member that stands twice, and for
+/// lists and objects deeper in each other than those of any card.
+Json parse_json(std::string_view text);
+
+/// The reverse of card_to_json. Raises BadJson for a wrong type, an unknown or missing member, and
+/// a value that a card file cannot hold or that would not be read back from one as it is `today`.
 kehystin::CardData json_to_card(Json const& json, kehystin::Date today);
 
 } // namespace krt

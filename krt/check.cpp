@@ -38,7 +38,7 @@ std::string as_text(std::string const& file, Checked const& checked) {
     for (auto const& finding : checked.findings)
         lines += line_of(file, field_of(finding.key), text_of(finding));
     if (checked.linking.failure)
-        lines += line_of(file, 0, "linkitys keskeytyi: " + checked.linking.failure->text());
+        lines += line_of(file, 0, text_of(*checked.linking.failure));
     for (auto const& [check, fields] : checked.checks) {
         auto const text = text_of(check, fields.size());
         if (check == Check::columns)
@@ -50,41 +50,58 @@ std::string as_text(std::string const& file, Checked const& checked) {
     return lines;
 }
 
-std::string as_json(std::string const& file, Checked const& checked, bool readable) {
-    Json object = {{"file", file}, {"readable", readable}};
-    auto& findings = object["findings"] = Json::array();
-    for (auto const& finding : checked.findings)
-        findings.push_back({{"what", name_of(finding.what)},
-                            {"key", finding.key},
-                            {"found", finding.found},
-                            {"kept", finding.kept},
-                            {"text", text_of(finding)}});
-    auto& checks = object["checks"] = Json::array();
+std::string dumped(Json const& json) {
+    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+Json as_json(kehystin::Finding const& finding, std::string const& text) {
+    return {{"what", name_of(finding.what)},
+            {"key", finding.key},
+            {"found", finding.found},
+            {"kept", finding.kept},
+            {"text", text}};
+}
+
+/// Printed piece by piece: a hostile file has findings of a size that should not stand twice.
+void print_json(std::string const& file, Checked const& checked, bool readable,
+                std::string const& fault = {}) {
+    print("{\"file\":" + dumped(file) + ",\"readable\":" + (readable ? "true" : "false") +
+          ",\"findings\":[");
+    auto const* separator = "";
+    for (auto const& finding : checked.findings) {
+        print(separator + dumped(as_json(finding, fault.empty() ? text_of(finding) : fault)));
+        separator = ",";
+    }
+    Json checks = Json::array();
     for (auto const& [check, fields] : checked.checks)
         checks.push_back({{"check", name_of(check)}, {"fields", fields}});
-    auto& links = object["links"] = Json::array();
+    Json links = Json::array();
     for (auto const& link : checked.linking.links)
         links.push_back({{"title", link.title}, {"data", link.data}});
-    return object.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+    print("],\"checks\":" + dumped(checks) + ",\"links\":" + dumped(links) + "}\n");
 }
 
 Status check_file(std::string const& file, Form form) {
     auto const bytes = read_bytes(file);
-    if (!bytes) {
-        if (form == Form::json)
-            print(as_json(file, {}, false));
-        return Status::failed;
-    }
-    auto reading = Reader{}.read(file, *bytes);
+    std::string fault;
+    auto reading = bytes ? Reader{}.read(file, *bytes, &fault) : std::nullopt;
     if (!reading) {
         Checked nothing;
-        nothing.findings.push_back({kehystin::Finding::What::not_a_card, {}, {}, {}, {}});
+        if (bytes)
+            nothing.findings.push_back({kehystin::Finding::What::not_a_card, {}, {}, {}, {}});
         if (form == Form::json)
-            print(as_json(file, nothing, false));
+            print_json(file, nothing, false, fault);
         return Status::failed;
     }
     auto const checked = check_card(std::move(*reading));
-    print(form == Form::json ? as_json(file, checked, true) : as_text(file, checked));
+    if (form == Form::text)
+        print(as_text(file, checked));
+    else {
+        print_json(file, checked, true);
+        // The object has no member for it.
+        if (checked.linking.failure)
+            complain(file, text_of(*checked.linking.failure));
+    }
     return checked.is_quiet() ? Status::quiet : Status::findings;
 }
 

@@ -1,6 +1,7 @@
 #include "krt/card_json.h"
 #include "krt/commands.h"
 #include "krt/files.h"
+#include "krt/findings.h"
 
 #include "card/identity.h"
 #include "card/kinds.h"
@@ -15,6 +16,12 @@ namespace {
 
 using kehystin::CardData;
 using kehystin::Field;
+
+/// What a field is known by: its caption, or that of its title.
+std::string caption_of(Field const& field) {
+    auto const own = field.caption.trimmed();
+    return own.empty() ? field.group.trimmed() : own;
+}
 
 /// The partner of each field in the other card, by number; 0 for none.
 struct Pairs {
@@ -33,23 +40,38 @@ Pairs pair_fields(CardData const& first, CardData const& second) {
         partner(i) = j;
         owner(j) = i;
     };
-    auto const alike = [&](int i, int j) {
-        auto const& one = first.field(i);
-        auto const& other = second.field(j);
-        return one.style == other.style && one.caption.trimmed() == other.caption.trimmed();
+    auto const same_kind = [&](int i, int j) {
+        return first.field(i).style == second.field(j).style;
     };
-    for (int i = 1; i <= std::min(here, there); ++i)
-        if (alike(i, i))
-            join(i, i);
-    // What has got another number is known by its kind and caption, where it has one.
-    for (int i = 1; i <= here; ++i)
-        for (int j = 1; j <= there && partner(i) == 0; ++j)
-            if (owner(j) == 0 && !first.field(i).caption.trimmed().empty() && alike(i, j))
-                join(i, j);
-    for (int i = 1; i <= std::min(here, there); ++i)
-        if (partner(i) == 0 && owner(i) == 0 && first.field(i).style == second.field(i).style)
-            join(i, i);
+    auto const same_caption = [&](int i, int j) {
+        return caption_of(first.field(i)) == caption_of(second.field(j));
+    };
+    auto const same_role = [&](int i, int j) {
+        return first.field(i).is_title() == second.field(j).is_title();
+    };
+    auto const join_numbers = [&](auto const& fit) {
+        for (int i = 1; i <= std::min(here, there); ++i)
+            if (partner(i) == 0 && owner(i) == 0 && fit(i, i))
+                join(i, i);
+    };
+    // What has got another number is known by its caption, where it has one.
+    auto const join_captions = [&](auto const& fit) {
+        for (int i = 1; i <= here; ++i)
+            for (int j = 1; j <= there && partner(i) == 0; ++j)
+                if (owner(j) == 0 && fit(i, j) && same_caption(i, j) &&
+                    !caption_of(first.field(i)).empty())
+                    join(i, j);
+    };
+    join_numbers([&](int i, int j) { return same_kind(i, j) && same_caption(i, j); });
+    join_captions(same_kind);
+    join_captions(same_role); // of another kind now
+    join_numbers(same_kind);
     return pairs;
+}
+
+/// What each save writes anew, whatever the card is.
+bool is_of_the_save(std::string_view member) {
+    return member == "editDate" || member == "STPP";
 }
 
 /// What follows from the places of the fields says nothing of its own: both cards are linked anew,
@@ -78,7 +100,7 @@ class Comparison {
         auto const before = card_to_json(first);
         auto const after = card_to_json(second);
         for (auto const& [name, value] : before["card"].items())
-            if (name != "editDate" && value != after["card"][name])
+            if (!is_of_the_save(name) && !is_same(name, value, after["card"][name]))
                 found_.push_back(difference(0, 0, name, value, after["card"][name]));
         for (int i = 1; i <= first.card.fields; ++i)
             compare_field(i, before["fields"], after["fields"]);
@@ -104,11 +126,21 @@ class Comparison {
             if (is_derived(first_.field(i), name))
                 continue;
             auto const& now = after[at(j)][name];
-            if (name == "linkki" ? !is_same_field(value, now) : value != now)
+            if (!is_same(name, value, now))
                 found_.push_back(difference(i, j, name, value, now));
         }
     }
 
+    bool is_same(std::string_view member, Json const& before, Json const& after) const {
+        auto const same_field = [this](Json const& one, Json const& other) {
+            return is_same_field(one, other);
+        };
+        if (member == "linkki")
+            return same_field(before, after);
+        if (member == "fldSpeci")
+            return std::equal(before.begin(), before.end(), after.begin(), after.end(), same_field);
+        return before == after;
+    }
     bool is_same_field(int before, int after) const {
         bool const known = before >= 1 && before <= first_.card.fields;
         return known ? pairs_.of_first[static_cast<std::size_t>(before)] == after : before == after;
@@ -123,7 +155,7 @@ class Comparison {
 std::string in_words(Json const& one, CardData const& first, CardData const& second) {
     auto const name = [](CardData const& card, int number) {
         auto const* const kind = kehystin::kind_of(card.field(number).style);
-        auto const caption = card.field(number).caption.trimmed();
+        auto const caption = plain(card.field(number).caption.trimmed());
         return (kind ? " " + std::string(kind->word.substr(3)) : "") +
                (caption.empty() ? "" : " ”" + caption + "”");
     };
@@ -155,7 +187,9 @@ Status diff(std::string const& first, std::string const& second, Form form) {
             reading.get() = Reader{Fonts::kept, Pictures::kept}.read(file, *bytes);
         if (!reading.get())
             return Status::failed;
-        kehystin::link_card(reading.get()->data);
+        tell_faults(file, *reading.get());
+        if (auto const linking = kehystin::link_card(reading.get()->data); linking.failure)
+            complain(file, text_of(*linking.failure));
     }
     auto& before = readings[0]->data;
     auto& after = readings[1]->data;

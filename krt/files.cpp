@@ -1,6 +1,7 @@
 #include "krt/files.h"
 
 #include "base/text.h"
+#include "krt/findings.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -133,8 +134,9 @@ std::optional<std::string> read_bytes(std::string const& file) {
     return bytes;
 }
 
-std::optional<kehystin::Reading> Reader::read(std::string const& file,
-                                              std::string_view bytes) const {
+std::optional<kehystin::Reading> Reader::read(std::string const& file, std::string_view bytes,
+                                              std::string* fault) const {
+    std::string words;
     SampleFont sample;
     kehystin::Surroundings around;
     around.today = today();
@@ -151,11 +153,21 @@ std::optional<kehystin::Reading> Reader::read(std::string const& file,
         auto reading = kehystin::read_card(bytes, {}, around);
         if (reading.end == kehystin::Reading::End::read)
             return reading;
-        complain(file, "ei ole korttimalli");
+        words = "ei ole korttimalli";
     } catch (base::RuntimeError const& error) {
-        complain(file, "ei voi lukea: luku ei mahdu kortille (" + error.text() + ")");
+        words = "ei voi lukea: luku ei mahdu kortille (" + error.text() + ")";
     }
+    complain(file, words);
+    if (fault)
+        *fault = words;
     return std::nullopt;
+}
+
+bool tell_faults(std::string const& file, kehystin::Reading const& reading) {
+    auto const faults = faults_of(reading);
+    if (!faults.empty())
+        complain(file, faults);
+    return faults.empty();
 }
 
 bool print(std::string_view text) {
@@ -215,6 +227,8 @@ int replace_file(fs::path const& file, std::string_view bytes, bool backup) {
 } // namespace
 
 bool write_whole(std::string const& file, std::string_view bytes, bool backup) {
+    if (file == "-")
+        return print(bytes);
     std::error_code none;
     auto const known = fs::exists(file, none);
     auto const target = known ? fs::canonical(file, none) : fs::path(file); // behind any link

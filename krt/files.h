@@ -35,13 +35,20 @@ struct Reader {
     Fonts fonts = Fonts::judged;
     Pictures pictures = Pictures::looked_for;
 
-    std::optional<kehystin::Reading> read(std::string const& file, std::string_view bytes) const;
+    /// `fault` gets the words of the complaint too.
+    std::optional<kehystin::Reading> read(std::string const& file, std::string_view bytes,
+                                          std::string* fault = nullptr) const;
 };
+
+/// Says in a line on standard error that a card was read otherwise than it stands in its file.
+/// True where there is nothing to say.
+bool tell_faults(std::string const& file, kehystin::Reading const& reading);
 
 /// Writes standard output. False where nobody reads it any more.
 bool print(std::string_view text);
 
-/// Writes a file whole or not at all, where it is one: into a device it writes straight. With
+/// Writes a file whole or not at all, where it is one: into a device it writes straight, and "-" is
+/// standard output. With
 /// `backup` an old one is kept under its name and "~". False, with a complaint, where it could not.
 bool write_whole(std::string const& file, std::string_view bytes, bool backup = false);
 

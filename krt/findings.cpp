@@ -12,17 +12,22 @@ using kehystin::Finding;
 
 namespace {
 
-/// A value as it can stand in a line: short enough, and without what would break it.
+/// A value as it can stand in a line, short enough.
 std::string quoted(std::string const& value) {
     constexpr std::size_t longest = 120; // characters
-    auto line = base::in_one_line(value);
-    std::erase_if(line, [](char c) { return c >= 0 && c < ' '; });
+    auto line = plain(value);
     if (base::Len(line) > longest)
         line = base::Left(line, longest) + "…";
     return "”" + line + "”";
 }
 
 } // namespace
+
+std::string plain(std::string_view text) {
+    auto line = base::in_one_line(text);
+    std::erase_if(line, [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; });
+    return line;
+}
 
 std::string_view name_of(Finding::What what) {
     switch (what) {
@@ -101,6 +106,22 @@ int field_of(std::string_view key) {
     if (key.starts_with(opening))
         std::from_chars(key.data() + opening.size(), key.data() + key.size(), number);
     return number;
+}
+
+bool is_fault(Finding const& finding) {
+    return finding.what != Finding::What::old_key;
+}
+
+std::string faults_of(kehystin::Reading const& reading) {
+    auto const count = std::count_if(reading.findings.begin(), reading.findings.end(), is_fault);
+    if (count == 0)
+        return {};
+    return "luettu korjattuna, " + std::to_string(count) + (count == 1 ? " kohta" : " kohtaa") +
+           ", katso krt check";
+}
+
+std::string text_of(base::RuntimeError const& linking_failure) {
+    return "linkitys keskeytyi: " + linking_failure.text();
 }
 
 std::vector<int> told(Check check, kehystin::CardData& card) {

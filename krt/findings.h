@@ -10,6 +10,9 @@
 
 namespace krt {
 
+/// A text of a card as it can stand in a line: without what would break or colour it.
+std::string plain(std::string_view text);
+
 /// "repaired" and so on, as programs know it.
 std::string_view name_of(kehystin::Finding::What what);
 /// "no_title" and so on.
@@ -21,6 +24,16 @@ std::string text_of(kehystin::Check check, std::size_t count);
 
 /// The field that a key belongs to, 0 for one of the card.
 int field_of(std::string_view key);
+
+/// A key that came later than the file is no fault of it.
+bool is_fault(kehystin::Finding const& finding);
+
+/// What a command that reads a card for something else says of its faults, in one line; empty
+/// without any.
+std::string faults_of(kehystin::Reading const& reading);
+
+/// What is said of a linking that ended before its time.
+std::string text_of(base::RuntimeError const& linking_failure);
 
 /// All checks, in the order in which a card is checked before it is written.
 inline constexpr kehystin::Check all_checks[] = {

@@ -17,7 +17,11 @@ Status json_of_file(std::string const& file) {
     if (!reading)
         return Status::failed;
     constexpr int indent = 2;
-    return print(card_to_json(reading->data).dump(indent) + "\n") ? Status::quiet : Status::failed;
+    auto const text =
+        card_to_json(reading->data).dump(indent, ' ', false, Json::error_handler_t::replace);
+    if (!print(text + "\n"))
+        return Status::failed;
+    return tell_faults(file, *reading) ? Status::quiet : Status::findings;
 }
 
 } // namespace
@@ -33,14 +37,12 @@ Status make(std::string const& source, std::string const& target) {
     try {
         if (bytes->size() > largest_json)
             throw BadJson("", "on liian suuri kortiksi");
-        auto card = json_to_card(Json::parse(*bytes), today());
+        auto card = json_to_card(parse_json(*bytes), today());
         auto const written = kehystin::write_card(card);
         bool const done = target.empty() ? print(written) : write_whole(target, written);
         return done ? Status::quiet : Status::failed;
     } catch (BadJson const& bad) {
         complain(source, bad.what());
-    } catch (nlohmann::json::exception const& bad) {
-        complain(source, std::string("ei ole JSONia (") + bad.what() + ")");
     }
     return Status::failed;
 }

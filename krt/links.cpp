@@ -1,5 +1,6 @@
 #include "krt/commands.h"
 #include "krt/files.h"
+#include "krt/findings.h"
 
 #include "card/linking.h"
 
@@ -21,8 +22,8 @@ std::string as_text(std::string const& file, kehystin::CardData const& card,
     }
     std::string text;
     for (auto const& [title, data] : lines)
-        text += file + ": " + std::to_string(title) + " " + card.field(title).caption.trimmed() +
-                ": " + data + "\n";
+        text += file + ": " + std::to_string(title) + " " +
+                plain(card.field(title).caption.trimmed()) + ": " + data + "\n";
     return text;
 }
 
@@ -36,15 +37,15 @@ std::string as_json(std::string const& file, kehystin::Linking const& linking) {
 
 Status links_of_file(std::string const& file, Form form) {
     auto const bytes = read_bytes(file);
-    auto reading = bytes ? Reader{}.read(file, *bytes) : std::nullopt;
+    auto reading = bytes ? Reader{Fonts::kept, Pictures::kept}.read(file, *bytes) : std::nullopt;
     if (!reading)
         return Status::failed;
     auto const linking = kehystin::link_card(reading->data);
     print(form == Form::json ? as_json(file, linking) : as_text(file, reading->data, linking));
-    if (!linking.failure)
-        return Status::quiet;
-    complain(file, "linkitys keskeytyi: " + linking.failure->text());
-    return Status::findings;
+    if (linking.failure)
+        complain(file, text_of(*linking.failure));
+    bool const whole = tell_faults(file, *reading) && !linking.failure;
+    return whole ? Status::quiet : Status::findings;
 }
 
 } // namespace

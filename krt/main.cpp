@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <iostream>
@@ -30,7 +31,9 @@ struct Wanted {
 
 CLI::App* add_command(CLI::App& program, Wanted& wanted, char const* name, char const* what) {
     auto* const command = program.add_subcommand(name, what)->group(commands_group);
-    command->add_option("FILE", wanted.files, "korttitiedostoja, - on vakiosyöte")->required();
+    command->add_option("FILE", wanted.files, "korttitiedostoja, - on vakiosyöte")
+        ->required()
+        ->type_name("");
     return command;
 }
 
@@ -49,17 +52,45 @@ std::string fault_of(CLI::Error const& error) {
     return "komento on virheellinen";
 }
 
+/// What does not go together though each word is right; null without such.
+char const* fault_of(Wanted const& wanted) {
+    if (wanted.files.size() > 1 && !wanted.repair.file.empty())
+        return "-o sopii vain yhdelle tiedostolle";
+    if (std::count(wanted.files.begin(), wanted.files.end(), "-") > 1)
+        return "vakiosyötteen voi lukea vain kerran";
+    return nullptr;
+}
+
+/// Behind the name of an option stands what it takes, and nothing else.
+class Help : public CLI::Formatter {
+  public:
+    std::string make_option_opts(CLI::Option const* option) const override {
+        auto const type = option->get_type_name();
+        return (type.empty() ? "" : " " + type) + repeated(*option);
+    }
+    std::string make_option_usage(CLI::Option const* option) const override {
+        return option->get_name(true) + repeated(*option);
+    }
+    std::string make_footer(CLI::App const* program) const override {
+        return CLI::Formatter::make_footer(program) + "\n";
+    }
+
+  private:
+    static std::string repeated(CLI::Option const& option) {
+        auto const most = option.get_positional() ? option.get_items_expected_max() : 1;
+        return most == 1 ? "" : most == 2 ? " " + option.get_name(true) : "...";
+    }
+};
+
 /// The words that the library has of its own, in the language of the rest.
 void speak_finnish(CLI::App& program) {
-    auto const words = program.get_formatter();
+    auto const words = std::make_shared<Help>();
     for (auto const& [english, finnish] : {std::pair("Usage", "Käyttö"),
                                            {"OPTIONS", "VALITSIMET"},
                                            {"SUBCOMMAND", "KOMENTO"},
-                                           {"Positionals", "Tiedostot"},
-                                           {"REQUIRED", "(pakollinen)"},
-                                           {"Excludes", "ei yhdessä"},
-                                           {"TEXT", "TEKSTI"}})
+                                           {"Positionals", "Tiedostot"}})
         words->label(english, finnish);
+    program.formatter(words);
     program.option_defaults()->group(options_group);
     program.set_help_flag("-h,--help", "näyttää tämän ohjeen")->group(options_group);
     program.failure_message([](CLI::App const*, CLI::Error const& error) {
@@ -111,6 +142,7 @@ int main(int argc, char* argv[]) {
     auto* const in_place = repair->add_flag("--in-place", wanted.repair.in_place,
                                             "tiedoston itsensä päälle, vanha jää nimelle FILE~");
     repair->add_option("-o", wanted.repair.file, "tiedostoon eikä tulosteeseen")
+        ->type_name("X.krt")
         ->excludes(in_place);
     repair->add_flag("--always", wanted.repair.always, "myös kun korjattavaa ei ole");
 
@@ -120,6 +152,7 @@ int main(int argc, char* argv[]) {
         program.add_subcommand("diff", "vertaa kahta korttia")->group(commands_group);
     diff->add_option("FILE", wanted.files, "vanha ja uusi kortti, - on vakiosyöte")
         ->required()
+        ->type_name("")
         ->expected(2);
     add_json(*diff, wanted);
 
@@ -129,8 +162,9 @@ int main(int argc, char* argv[]) {
         program.add_subcommand("make", "tekee kortin JSONista")->group(commands_group);
     make->add_option("FILE", wanted.files, "JSON-tiedosto, - on vakiosyöte")
         ->required()
+        ->type_name("")
         ->expected(1);
-    make->add_option("-o", wanted.output, "tiedostoon eikä tulosteeseen");
+    make->add_option("-o", wanted.output, "tiedostoon eikä tulosteeseen")->type_name("X.krt");
     for (auto* const command : program.get_subcommands({}))
         command->get_help_ptr()->group(options_group);
 
@@ -140,8 +174,8 @@ int main(int argc, char* argv[]) {
         bool const told = program.exit(error) == 0 && std::cout.flush();
         return static_cast<int>(told ? Status::quiet : Status::failed);
     }
-    if (wanted.files.size() > 1 && !wanted.repair.file.empty()) {
-        std::cerr << "krt: -o sopii vain yhdelle tiedostolle\n";
+    if (auto const* const fault = fault_of(wanted)) {
+        std::cerr << "krt: " << fault << "\n";
         return static_cast<int>(Status::failed);
     }
     try {

@@ -5,23 +5,18 @@
 #include "card/writing.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <set>
 
 namespace krt {
 
 namespace {
 
-using kehystin::Finding;
-
-/// A key that came later than the file is no fault of it.
-bool is_fault(Finding const& finding) {
-    return finding.what != Finding::What::old_key;
-}
-
 Status repair_file(std::string const& file, RepairTarget const& target) {
     auto const bytes = read_bytes(file);
     if (!bytes)
         return Status::failed;
-    auto reading = Reader{Fonts::kept, Pictures::looked_for}.read(file, *bytes);
+    auto reading = Reader{}.read(file, *bytes);
     if (!reading)
         return Status::failed;
     if (!reading->missing_picture.empty())
@@ -44,7 +39,14 @@ Status repair_file(std::string const& file, RepairTarget const& target) {
 } // namespace
 
 Status repair(Files const& files, RepairTarget const& target) {
-    return each(files, [&](std::string const& file) { return repair_file(file, target); });
+    std::set<std::filesystem::path> done;
+    return each(files, [&](std::string const& file) {
+        // Repaired in place a second time, a file's backup would be its repaired self.
+        std::error_code unknown;
+        auto const known = std::filesystem::canonical(file, unknown);
+        bool const again = target.in_place && !unknown && !done.insert(known).second;
+        return again ? Status::quiet : repair_file(file, target);
+    });
 }
 
 } // namespace krt

@@ -99,7 +99,8 @@ TEST_F(Krt, BadFilesHaveOneLineAndTheOthersGoOn) {
     EXPECT_TRUE(out.starts_with("vanha.krt: 1 Nimi: 2\n"));
     EXPECT_EQ(run("check --json teksti.krt"), 2);
     EXPECT_EQ(Json::parse(out)["readable"], false);
-    for (auto const* const wrong : {"", "vieras", "check", "repair -o x --in-place a", "make a b"})
+    for (auto const* const wrong :
+         {"", "vieras", "check", "repair -o x --in-place a", "make a b", "diff - -"})
         EXPECT_EQ(run(wrong), 2) << wrong;
     for (auto const* const command : {"", "check ", "repair ", "links ", "json ", "make "})
         EXPECT_EQ(run(std::string(command) + "--help"), 0) << command;
@@ -124,7 +125,12 @@ TEST_F(Krt, RepairWritesOnlyWhatWasWrong) {
     EXPECT_NE(bytes_of(folder / "uusi.krt").find("tausta.bmp"), std::string::npos);
     // What cannot be written leaves nothing behind.
     EXPECT_EQ(run("repair -o ei/ole/uusi.krt " + pictured), 2);
-    EXPECT_EQ(run("repair --always - ", " <asiakkaat.krt"), 0);
+    EXPECT_EQ(run("repair --always - -o - ", " <asiakkaat.krt"), 0);
+    EXPECT_TRUE(out == bytes_of(folder / "asiakkaat.krt"));
+    // Named twice, its old state is still what is kept.
+    write("alku.krt", before);
+    EXPECT_EQ(run("repair --in-place --always alku.krt ./alku.krt"), 1);
+    EXPECT_TRUE(bytes_of(folder / "alku.krt~") == before);
     // Behind a link the file itself is repaired; output that nobody can take is a failure.
     write("alku.krt", before);
     fs::create_symlink("alku.krt", folder / "linkki.krt");
@@ -176,6 +182,55 @@ TEST_F(Krt, DiffTellsWhatHasChangedByMeaning) {
     EXPECT_EQ(run("diff vanha.krt puuttuu.krt"), 2);
 }
 
+TEST_F(Krt, DiffFollowsWhatOnlyGotAnotherNumber) {
+    ASSERT_EQ(run("json " + take("vanha.krt")), 0);
+    auto changed = Json::parse(out);
+    changed["card"]["fldSpeci"][4] = 2; // the field beside "Nimi" has a role
+    write("k.json", changed.dump());
+    ASSERT_EQ(run("make k.json -o rooli.krt"), 0) << err;
+    auto title = changed["fields"][0];
+    title["caption"] = "Aivan uusi";
+    title["value"] = "NOLINK";
+    changed["fields"].insert(changed["fields"].begin(), title);
+    for (std::size_t i = 1; i < changed["fields"].size(); ++i) {
+        auto& link = changed["fields"][i]["linkki"];
+        link = link == 0 ? 0 : link.get<int>() + 1;
+    }
+    changed["card"]["fldSpeci"][4] = 3;
+    changed["card"]["STPP"] = 12;
+    changed["fields"][2]["style"] = 7; // and that of "Nimi" scrolls now
+    write("k.json", changed.dump());
+    ASSERT_EQ(run("make k.json -o uusi.krt"), 0) << err;
+    EXPECT_EQ(run("diff rooli.krt uusi.krt"), 1);
+    EXPECT_EQ(err, "");
+    auto const has = [&](char const* line) { return out.find(line) != std::string::npos; };
+    EXPECT_TRUE(has("kenttä 2 Tekstikenttä on nyt 3\n")) << out;
+    EXPECT_TRUE(has("kenttä 2 Tekstikenttä: style 1 -> 7\n")) << out;
+    EXPECT_TRUE(has("uusi kenttä 1 Otsikko ”Aivan uusi”\n")) << out;
+    for (auto const* const noise : {"poissa", "fldSpeci", "linkki", "STPP", "left"})
+        EXPECT_FALSE(has(noise)) << noise << out;
+}
+
+TEST_F(Krt, ACardReadOtherwiseThanItStandsIsTold) {
+    auto const broken = take("rikki.krt");
+    for (auto const* const command : {"json ", "links "}) {
+        EXPECT_EQ(run(command + broken), 1);
+        EXPECT_TRUE(err.starts_with("krt: rikki.krt: luettu korjattuna, ")) << err;
+        EXPECT_NE(out, "");
+    }
+    EXPECT_EQ(run("diff rikki.krt rikki.krt"), 0);
+    EXPECT_NE(err, "");
+    // What a terminal would obey stays in the file.
+    write_changed("v.krt", "vanha.krt", "caption=Nimi", "caption=\x1b[31m");
+    EXPECT_EQ(run("links v.krt"), 0);
+    EXPECT_EQ(out.find('\x1b'), std::string::npos);
+    // A number beyond all types has no findings, but its own words.
+    write_changed("v.krt", "vanha.krt", "foreColor=0", "foreColor=99999999999");
+    EXPECT_EQ(run("check --json v.krt"), 2);
+    EXPECT_NE(Json::parse(out)["findings"][0]["text"].get<std::string>().find("luku ei mahdu"),
+              std::string::npos);
+}
+
 TEST_F(Krt, MakeNamesThePlaceOfWhatIsWrong) {
     ASSERT_EQ(run("json " + take("vanha.krt")), 0);
     auto const good = Json::parse(out);
@@ -204,6 +259,12 @@ TEST_F(Krt, MakeNamesThePlaceOfWhatIsWrong) {
     write("k.json", lacking.dump());
     EXPECT_EQ(run("make k.json"), 2);
     EXPECT_NE(err.find("/fields/0/tabIndex"), std::string::npos);
-    write("k.json", "{");
-    EXPECT_EQ(run("make k.json"), 2);
+    for (auto const& [text, what] :
+         {std::pair("{", "ei ole JSONia, virhe tavun 2 kohdalla"),
+          {R"({"fields": [{}, {"a": 1, "a": 1}]})", "/fields/1/a: on kahdesti"},
+          {"[[[[[", "on liian syvä"}}) {
+        write("k.json", text);
+        EXPECT_EQ(run("make k.json"), 2);
+        EXPECT_NE(err.find(what), std::string::npos) << err;
+    }
 }

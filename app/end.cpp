@@ -1,8 +1,8 @@
 #include "app/end.h"
 
 #include "app/settings_file.h"
+#include "boxes/failure_report.h"
 #include "cardfile/document_commands.h"
-#include "commands/failure_report.h"
 #include "forms/editor_form.h"
 #include "model/session.h"
 #include "platform/host.h"

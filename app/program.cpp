@@ -2,10 +2,10 @@
 
 #include "app/start.h"
 #include "app/wiring.h"
-#include "commands/failure_report.h"
-#include "commands/menu_table.h"
+#include "boxes/failure_report.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
+#include "mainwindow/menu_table.h"
 #include "model/session.h"
 
 namespace kehystin {

@@ -1,6 +1,6 @@
 #include "app/settings_file.h"
 
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 #include "model/session.h"
 #include "platform/files.h"
 #include "platform/host.h"

@@ -1,6 +1,6 @@
 #include "cardfile/missing_picture.h"
 
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/files.h"

@@ -1,8 +1,8 @@
 #include "cardfile/reader.h"
 
+#include "boxes/failure_report.h"
 #include "card/reading.h"
 #include "cardfile/missing_picture.h"
-#include "commands/failure_report.h"
 #include "forms/editor_form.h"
 #include "model/card.h"
 #include "model/session.h"

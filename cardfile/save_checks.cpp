@@ -1,9 +1,9 @@
 #include "cardfile/save_checks.h"
 
+#include "boxes/failure_report.h"
 #include "card/checks.h"
-#include "commands/document_state.h"
-#include "commands/failure_report.h"
 #include "forms/card_form.h"
+#include "mainwindow/document_state.h"
 #include "model/card.h"
 #include "platform/host.h"
 #include "surface/visuals.h"

@@ -1,7 +1,7 @@
 #include "cardfile/writer.h"
 
+#include "boxes/failure_report.h"
 #include "card/writing.h"
-#include "commands/failure_report.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/files.h"

@@ -1,11 +1,11 @@
 #include "dialogs/cols.h"
 
 #include "card/column_order.h"
-#include "commands/document_state.h"
 #include "dialogs/modal.h"
 #include "forms/cols_form.h"
 #include "forms/editor_form.h"
 #include "links/link_list.h"
+#include "mainwindow/document_state.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "surface/rebuild.h"

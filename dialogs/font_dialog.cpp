@@ -1,6 +1,6 @@
 #include "dialogs/font_dialog.h"
 
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 #include "dialogs/modal.h"
 #include "forms/font_form.h"
 #include "forms/velho_form.h"

@@ -1,7 +1,7 @@
 #include "dialogs/info.h"
 
+#include "boxes/failure_report.h"
 #include "card/maker.h"
-#include "commands/failure_report.h"
 #include "dialogs/modal.h"
 #include "forms/info_form.h"
 #include "model/session.h"

@@ -1,10 +1,10 @@
 #include "dialogs/settings.h"
 
-#include "commands/last_files.h"
 #include "dialogs/header_band.h"
 #include "dialogs/help.h"
 #include "dialogs/modal.h"
 #include "forms/prop_form.h"
+#include "mainwindow/last_files.h"
 #include "model/session.h"
 #include "model/settings.h"
 #include "surface/grid.h"

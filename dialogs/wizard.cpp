@@ -1,6 +1,6 @@
 #include "dialogs/wizard.h"
 
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 #include "dialogs/font_dialog.h"
 #include "dialogs/modal.h"
 #include "dialogs/wizard_card.h"

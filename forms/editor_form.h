@@ -19,7 +19,7 @@ class EditorForm : public Form {
     EditorForm();
     ~EditorForm() override;
 
-    // Menus, in the order in which they stand. Captions and states: commands/menu_table.
+    // Menus, in the order in which they stand. Captions and states: mainwindow/menu_table.
     Menu mnu_file{this, "mnu_file"};
     Menu cmd_new{&mnu_file, "cmd_new"};
     Menu cmd_open{&mnu_file, "cmd_open"};

@@ -1,6 +1,6 @@
 #include "layout/auto_place.h"
 
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/host.h"

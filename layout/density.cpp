@@ -1,7 +1,7 @@
 #include "layout/density.h"
 
+#include "boxes/failure_report.h"
 #include "card/kinds.h"
-#include "commands/failure_report.h"
 #include "layout/placing.h"
 #include "links/link_list.h"
 #include "model/card.h"

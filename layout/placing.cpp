@@ -1,8 +1,8 @@
 #include "layout/placing.h"
 
-#include "commands/document_state.h"
 #include "forms/card_form.h"
 #include "links/link_engine.h"
+#include "mainwindow/document_state.h"
 #include "model/card.h"
 
 namespace kehystin {

@@ -1,10 +1,10 @@
 #include "links/link_engine.h"
 
+#include "boxes/failure_report.h"
 #include "card/linking.h"
-#include "commands/command_state.h"
-#include "commands/failure_report.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
+#include "mainwindow/command_state.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/host.h"

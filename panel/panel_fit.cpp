@@ -1,6 +1,6 @@
 #include "panel/panel_fit.h"
 
-#include "commands/card_size.h"
+#include "mainwindow/card_place.h"
 #include "model/session.h"
 #include "panel/rows.h"
 #include "platform/system.h"

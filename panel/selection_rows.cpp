@@ -1,8 +1,8 @@
 #include "panel/selection_rows.h"
 
-#include "commands/command_state.h"
-#include "commands/status_bar.h"
 #include "forms/card_form.h"
+#include "mainwindow/command_state.h"
+#include "mainwindow/status_bar.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "panel/row_texts.h"

@@ -1,9 +1,9 @@
 #include "panel/selector.h"
 
-#include "commands/card_size.h"
-#include "commands/command_state.h"
-#include "commands/status_bar.h"
 #include "forms/card_form.h"
+#include "mainwindow/card_place.h"
+#include "mainwindow/command_state.h"
+#include "mainwindow/status_bar.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "panel/row_texts.h"

@@ -1,8 +1,8 @@
 #include "properties/apply.h"
 
-#include "commands/document_state.h"
 #include "forms/editor_form.h"
 #include "links/link_engine.h"
+#include "mainwindow/document_state.h"
 #include "model/session.h"
 #include "panel/rows.h"
 #include "panel/selector.h"

@@ -1,6 +1,6 @@
 #include "properties/list_editor.h"
 
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 #include "forms/editor_form.h"
 #include "model/session.h"
 #include "panel/row_texts.h"

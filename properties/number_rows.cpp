@@ -1,7 +1,7 @@
 #include "properties/number_rows.h"
 
-#include "commands/card_size.h"
 #include "links/tab_order.h"
+#include "mainwindow/card_size.h"
 #include "model/session.h"
 #include "panel/selection_rows.h"
 #include "properties/apply.h"

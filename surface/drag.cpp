@@ -1,10 +1,10 @@
 #include "surface/drag.h"
 
-#include "commands/document_state.h"
-#include "commands/status_bar.h"
 #include "forms/card_form.h"
 #include "forms/panel_rows.h"
 #include "links/link_engine.h"
+#include "mainwindow/document_state.h"
+#include "mainwindow/status_bar.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "panel/selection_rows.h"

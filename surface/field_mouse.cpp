@@ -1,8 +1,8 @@
 #include "surface/field_mouse.h"
 
-#include "commands/status_bar.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
+#include "mainwindow/status_bar.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/host.h"

@@ -1,9 +1,9 @@
 #include "surface/images.h"
 
-#include "commands/document_state.h"
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
+#include "mainwindow/document_state.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/files.h"

@@ -1,10 +1,10 @@
 #include "surface/load_card.h"
 
-#include "commands/card_size.h"
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
 #include "links/link_engine.h"
+#include "mainwindow/card_size.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/files.h"

@@ -1,8 +1,8 @@
 #include "surface/selection.h"
 
-#include "commands/command_state.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
+#include "mainwindow/command_state.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "panel/selection_rows.h"

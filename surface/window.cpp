@@ -1,10 +1,10 @@
 #include "surface/window.h"
 
-#include "commands/card_size.h"
-#include "commands/document_state.h"
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
+#include "mainwindow/card_place.h"
+#include "mainwindow/document_state.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/host.h"

@@ -1,6 +1,6 @@
-#include "commands/command_state.h"
+#include "mainwindow/command_state.h"
 
-#include "commands/icon_bar.h"
+#include "mainwindow/icon_bar.h"
 #include "model/settings.h"
 #include "tests/unit/fresh_session.h"
 

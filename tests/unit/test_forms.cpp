@@ -1,6 +1,5 @@
 // Every form in every state: nothing leaves what it stands in, neighbours do not overlap, and no
 // caption is cut in its font.
-#include "commands/bars.h"
 #include "dialogs/cols.h"
 #include "dialogs/info.h"
 #include "dialogs/roles.h"
@@ -12,6 +11,7 @@
 #include "forms/prop_form.h"
 #include "forms/speci_form.h"
 #include "forms/velho_form.h"
+#include "mainwindow/bars.h"
 #include "platform/input.h"
 #include "platform/system.h"
 #include "surface/load_card.h"

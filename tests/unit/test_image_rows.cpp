@@ -1,5 +1,5 @@
 // What image fields paint for each scaling, and the caption where there is no picture.
-#include "commands/bars.h"
+#include "mainwindow/bars.h"
 #include "platform/input.h"
 #include "scenario/pictures.h"
 #include "surface/load_card.h"

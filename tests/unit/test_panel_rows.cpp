@@ -1,9 +1,9 @@
 // The panel as a view, where no scenario can look: what lies behind the rows, the timers, and the
 // comparison of several fields.
-#include "commands/bars.h"
-#include "commands/card_size.h"
-#include "commands/status_bar.h"
 #include "forms/panel_rows.h"
+#include "mainwindow/bars.h"
+#include "mainwindow/card_size.h"
+#include "mainwindow/status_bar.h"
 #include "panel/selection_rows.h"
 #include "platform/input.h"
 #include "platform/system.h"

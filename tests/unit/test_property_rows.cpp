@@ -1,7 +1,7 @@
 // The rows of the property panel over all kinds of field, and hostile texts. What a user does with
 // each row stands in the scenarios.
-#include "commands/bars.h"
 #include "forms/panel_rows.h"
+#include "mainwindow/bars.h"
 #include "model/default_looks.h"
 #include "panel/selection_rows.h"
 #include "platform/input.h"

@@ -1,6 +1,6 @@
 #include "app/settings_file.h"
 
-#include "commands/last_files.h"
+#include "mainwindow/last_files.h"
 #include "tests/unit/fresh_session.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 // What the mouse does to surface, frames and tips beside moving fields: stacking, tags, gates.
-#include "commands/card_size.h"
-#include "commands/tips.h"
+#include "mainwindow/card_size.h"
+#include "mainwindow/tips.h"
 #include "model/settings.h"
 #include "platform/input.h"
 #include "platform/system.h"

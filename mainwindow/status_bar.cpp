@@ -1,6 +1,6 @@
-#include "commands/status_bar.h"
+#include "mainwindow/status_bar.h"
 
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
 #include "model/card.h"

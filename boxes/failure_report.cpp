@@ -1,4 +1,4 @@
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 
 #include "platform/base.h"
 #include "platform/host.h"

@@ -12,7 +12,7 @@ namespace kehystin {
 enum class Start { on, off, hidden, hidden_off };
 enum class Mark { none, checked };
 /// The code of UpdateCommandState that an entry follows.
-enum class Group { none, card, del, horiz, vert, titles, links };
+enum class Group { none, needs_card, del, horiz, vert, titles, links };
 
 struct MenuEntry {
     Menu EditorForm::*entry;

@@ -1,9 +1,9 @@
-#include "commands/bars.h"
+#include "mainwindow/bars.h"
 
-#include "commands/card_size.h"
-#include "commands/icon_bar.h"
-#include "commands/status_bar.h"
 #include "forms/editor_form.h"
+#include "mainwindow/card_place.h"
+#include "mainwindow/icon_bar.h"
+#include "mainwindow/status_bar.h"
 #include "model/settings.h"
 
 namespace kehystin {

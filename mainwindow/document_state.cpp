@@ -1,7 +1,7 @@
-#include "commands/document_state.h"
+#include "mainwindow/document_state.h"
 
-#include "commands/icon_bar.h"
-#include "commands/status_bar.h"
+#include "mainwindow/icon_bar.h"
+#include "mainwindow/status_bar.h"
 #include "model/session.h"
 
 namespace kehystin {

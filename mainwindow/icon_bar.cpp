@@ -1,4 +1,4 @@
-#include "commands/icon_bar.h"
+#include "mainwindow/icon_bar.h"
 
 #include "model/session.h"
 #include "model/settings.h"

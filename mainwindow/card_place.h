@@ -1,4 +1,4 @@
-// Where the card stands in the main window, and how large it is.
+// Where the card stands in the main window.
 #pragma once
 
 namespace kehystin {
@@ -18,16 +18,5 @@ bool card_is_held();
 
 void cmd_card_center_Click();
 void cmd_card_autocenter_Click();
-
-/// Selects the card and gives it, through the panel's scroll bars, the size of its fields and some
-/// room behind them. A size that a card cannot have is not taken.
-void fit_card();
-void cmd_card_size_Click();
-/// "Skaalaa automaattisesti": flips the mark; the entry that fits the card once is there only while
-/// it is off.
-void cmd_card_autosize_Click();
-
-/// The card's own frame takes the size of a card of `width` by `height` pixels.
-void size_card_frame(double width, double height);
 
 } // namespace kehystin

@@ -1,6 +1,6 @@
-#include "commands/tips.h"
+#include "mainwindow/tips.h"
 
-#include "commands/icon_bar.h"
+#include "mainwindow/icon_bar.h"
 #include "model/session.h"
 #include "platform/system.h"
 

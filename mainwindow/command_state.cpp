@@ -1,7 +1,7 @@
-#include "commands/command_state.h"
+#include "mainwindow/command_state.h"
 
-#include "commands/icon_bar.h"
-#include "commands/menu_table.h"
+#include "mainwindow/icon_bar.h"
+#include "mainwindow/menu_table.h"
 
 namespace kehystin {
 
@@ -18,7 +18,7 @@ void switch_group(Group group, Code code) {
 } // namespace
 
 void UpdateCommandState(Code card, Code del, Code horiz, Code vert, Code titles, Code links) {
-    switch_group(Group::card, card);
+    switch_group(Group::needs_card, card);
     switch_group(Group::del, del);
     switch_group(Group::horiz, horiz);
     switch_group(Group::vert, vert);

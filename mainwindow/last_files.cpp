@@ -1,6 +1,6 @@
-#include "commands/last_files.h"
+#include "mainwindow/last_files.h"
 
-#include "commands/failure_report.h"
+#include "boxes/failure_report.h"
 #include "forms/editor_form.h"
 #include "model/settings.h"
 #include "platform/host.h"

@@ -12,8 +12,8 @@
 #include "model/session.h"
 #include "panel/selection_rows.h"
 #include "platform/input.h"
-#include "scenario/scripted_host.h"
 #include "surface/load_card.h"
+#include "tests/scenario/scripted_host.h"
 
 #include <benchmark/benchmark.h>
 

@@ -7,7 +7,7 @@
 #include "forms/editor_form.h"
 #include "model/card.h"
 #include "model/session.h"
-#include "scenario/scripted_host.h"
+#include "tests/scenario/scripted_host.h"
 
 #include <gtest/gtest.h>
 

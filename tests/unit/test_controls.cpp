@@ -1,6 +1,6 @@
 #include "platform/input.h"
 #include "platform/system.h"
-#include "scenario/scripted_host.h"
+#include "tests/scenario/scripted_host.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // What image fields paint for each scaling, and the caption where there is no picture.
 #include "mainwindow/bars.h"
 #include "platform/input.h"
-#include "scenario/pictures.h"
 #include "surface/load_card.h"
+#include "tests/scenario/pictures.h"
 #include "tests/unit/fresh_session.h"
 
 namespace kehystin {

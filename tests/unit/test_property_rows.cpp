@@ -7,8 +7,8 @@
 #include "platform/input.h"
 #include "platform/system.h"
 #include "properties/list_editor.h"
-#include "scenario/pictures.h"
 #include "surface/load_card.h"
+#include "tests/scenario/pictures.h"
 #include "tests/unit/fresh_session.h"
 
 namespace kehystin {

@@ -1,10 +1,10 @@
-#include "scenario/names.h"
+#include "tests/scenario/names.h"
 
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/system.h"
-#include "scenario/path.h"
-#include "scenario/records.h"
+#include "tests/scenario/path.h"
+#include "tests/scenario/records.h"
 
 #include <set>
 #include <span>

@@ -1,4 +1,4 @@
-#include "scenario/script.h"
+#include "tests/scenario/script.h"
 
 #include <optional>
 

@@ -1,4 +1,4 @@
-#include "scenario/words.h"
+#include "tests/scenario/words.h"
 
 #include "platform/base.h"
 

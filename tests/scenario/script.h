@@ -1,7 +1,7 @@
 // Script: a scenario file as the steps that it is made of.
 #pragma once
 
-#include "scenario/words.h"
+#include "tests/scenario/words.h"
 
 #include <string>
 #include <vector>

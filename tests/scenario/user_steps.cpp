@@ -2,9 +2,9 @@
 #include "platform/base.h"
 #include "platform/input.h"
 #include "platform/system.h"
-#include "scenario/mouse_steps.h"
-#include "scenario/names.h"
-#include "scenario/script.h"
+#include "tests/scenario/mouse_steps.h"
+#include "tests/scenario/names.h"
+#include "tests/scenario/script.h"
 
 #include <array>
 

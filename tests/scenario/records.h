@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/property.h"
-#include "scenario/path.h"
+#include "tests/scenario/path.h"
 
 #include <optional>
 

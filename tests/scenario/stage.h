@@ -2,9 +2,9 @@
 #pragma once
 
 #include "app/program.h"
-#include "scenario/scripted_host.h"
-#include "scenario/words.h"
-#include "scenario/world.h"
+#include "tests/scenario/scripted_host.h"
+#include "tests/scenario/words.h"
+#include "tests/scenario/world.h"
 
 #include <iosfwd>
 #include <memory>

@@ -1,7 +1,7 @@
 // Steps of the mouse on the card, and on the borders of windows.
 #pragma once
 
-#include "scenario/stage.h"
+#include "tests/scenario/stage.h"
 
 namespace scenario {
 

@@ -1,4 +1,4 @@
-#include "scenario/scripted_clock.h"
+#include "tests/scenario/scripted_clock.h"
 
 #include "platform/input.h"
 

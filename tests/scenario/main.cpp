@@ -1,4 +1,4 @@
-#include "scenario/process.h"
+#include "tests/scenario/process.h"
 
 #include <cstdlib>
 #include <exception>

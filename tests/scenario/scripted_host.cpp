@@ -1,8 +1,8 @@
-#include "scenario/scripted_host.h"
+#include "tests/scenario/scripted_host.h"
 
 #include "platform/base.h"
 #include "platform/form.h"
-#include "scenario/pictures.h"
+#include "tests/scenario/pictures.h"
 
 #include <algorithm>
 #include <cstdlib>

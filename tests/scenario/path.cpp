@@ -1,6 +1,6 @@
-#include "scenario/path.h"
+#include "tests/scenario/path.h"
 
-#include "scenario/words.h"
+#include "tests/scenario/words.h"
 
 #include <cmath>
 

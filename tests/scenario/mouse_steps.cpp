@@ -1,7 +1,7 @@
-#include "scenario/mouse_steps.h"
+#include "tests/scenario/mouse_steps.h"
 
 #include "platform/input.h"
-#include "scenario/names.h"
+#include "tests/scenario/names.h"
 
 namespace scenario {
 

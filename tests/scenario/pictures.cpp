@@ -1,4 +1,4 @@
-#include "scenario/pictures.h"
+#include "tests/scenario/pictures.h"
 
 #include "platform/base.h"
 

@@ -1,11 +1,11 @@
-#include "scenario/records.h"
+#include "tests/scenario/records.h"
 
 #include "card/format.h"
 #include "model/default_looks.h"
 #include "model/session.h"
 #include "model/settings.h"
 #include "platform/base.h"
-#include "scenario/words.h"
+#include "tests/scenario/words.h"
 
 namespace scenario {
 

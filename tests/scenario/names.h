@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/form.h"
-#include "scenario/stage.h"
+#include "tests/scenario/stage.h"
 
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
-#include "scenario/process.h"
+#include "tests/scenario/process.h"
 
-#include "scenario/interpreter.h"
+#include "tests/scenario/interpreter.h"
 
 #include <cstring>
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "scenario/interpreter.h"
+#include "tests/scenario/interpreter.h"
 
 #include "platform/base.h"
 #include "platform/form.h"

@@ -1,6 +1,6 @@
 // Steps that prepare the world: the machine, the clock, the files.
-#include "scenario/names.h"
-#include "scenario/script.h"
+#include "tests/scenario/names.h"
+#include "tests/scenario/script.h"
 
 #include <array>
 

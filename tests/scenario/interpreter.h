@@ -1,8 +1,8 @@
 // Interpreter: runs the steps of one scenario, on into modal forms and out of them again.
 #pragma once
 
-#include "scenario/script.h"
-#include "scenario/stage.h"
+#include "tests/scenario/script.h"
+#include "tests/scenario/stage.h"
 
 #include <atomic>
 #include <string>

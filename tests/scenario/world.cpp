@@ -1,8 +1,8 @@
-#include "scenario/world.h"
+#include "tests/scenario/world.h"
 
 #include "platform/base.h"
-#include "scenario/pictures.h"
-#include "scenario/words.h"
+#include "tests/scenario/pictures.h"
+#include "tests/scenario/words.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,8 +1,8 @@
 // Steps that say what must be true, and the one that shows it.
 #include "platform/base.h"
 #include "platform/controls.h"
-#include "scenario/names.h"
-#include "scenario/script.h"
+#include "tests/scenario/names.h"
+#include "tests/scenario/script.h"
 
 #include <algorithm>
 #include <array>

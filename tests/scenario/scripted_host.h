@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/host.h"
-#include "scenario/scripted_clock.h"
+#include "tests/scenario/scripted_clock.h"
 
 #include <deque>
 #include <functional>

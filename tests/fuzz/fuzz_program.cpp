@@ -1,5 +1,5 @@
-// Any bytes as a card file: opened, shown, linked, written and read again, without a crash and
-// without a record that could not have come from a file.
+// Any bytes as a card file in the program: opened, shown, linked, saved and read again, without a
+// crash and without a record that could not have come from a file.
 #include "app/program.h"
 #include "cardfile/document_commands.h"
 #include "cardfile/reader.h"

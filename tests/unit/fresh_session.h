@@ -8,6 +8,7 @@
 #include "model/card.h"
 #include "model/session.h"
 #include "tests/scenario/scripted_host.h"
+#include "tests/unit/card_in_hand.h"
 
 #include <gtest/gtest.h>
 
@@ -60,27 +61,10 @@ class FreshSession : public testing::Test {
     Program program{host};
 };
 
-/// Puts a field at the end of the card in memory.
+/// Puts a field at the end of the open card.
 inline Field& add_field(Style style, int left, int top, int width, int height,
                         std::string_view caption = "") {
-    card.fields += 1;
-    fields.resize(static_cast<std::size_t>(int{card.fields}) + 1);
-    auto& one = field(card.fields);
-    one = Field{};
-    one.style = static_cast<int>(style);
-    one.caption = caption;
-    for (auto* const text : {&one.group, &one.caption})
-        text->trim();
-    one.list = "";
-    one.value = "";
-    one.left = left;
-    one.top = top;
-    one.width = width;
-    one.height = height;
-    one.fontName = "MS Sans Serif";
-    one.fontSize = 8;
-    one.size = 1;
-    return one;
+    return add_field(open_card, style, left, top, width, height, caption);
 }
 
 } // namespace kehystin

@@ -1,14 +1,15 @@
 #include "card/column_order.h"
 
-#include "tests/unit/fresh_session.h"
+#include "tests/unit/card_in_hand.h"
 
+#include <algorithm>
 #include <random>
 #include <set>
 #include <vector>
 
 namespace kehystin {
 
-class ColumnOrder : public FreshSession {
+class ColumnOrder : public CardInHand {
   protected:
     void title(std::string const& list) {
         add_field(Style::OTS, 0, 0, 10, 10, "O" + std::to_string(card.fields + 1)).list = list;
@@ -16,7 +17,7 @@ class ColumnOrder : public FreshSession {
     void data(int title) {
         add_field(Style::TXT, 0, 0, 10, 10, "D" + std::to_string(card.fields + 1)).linkki = title;
     }
-    void move(std::vector<int> const& titles) { order_columns(open_card, titles); }
+    void move(std::vector<int> const& titles) { order_columns(data_, titles); }
 
     std::string captions() {
         std::string all;

@@ -1,5 +1,6 @@
 // Speed of the program without its windows, on the scripted host.
 #include "app/program.h"
+#include "bench/cards.h"
 #include "card/format.h"
 #include "cardfile/document_commands.h"
 #include "cardfile/reader.h"
@@ -19,36 +20,21 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 using namespace kehystin;
 
 namespace {
 
-std::string const large_card = KEHYSTIN_SOURCES "/examples/kolmesataa.krt";
+using bench_cards::large_card;
 
 struct Session300 {
-    std::string folder = (std::filesystem::temp_directory_path() / "kehystin-bench/").string();
+    std::string folder = bench_cards::folder();
     scenario::ScriptedHost host{folder};
     Program program{host};
 
     Session300() {
         std::filesystem::create_directories(folder + "windows");
         program.Main();
-    }
-    /// The large card without the keys that came with later versions.
-    std::string old_file() const {
-        std::ifstream from(large_card, std::ios::binary);
-        auto const path = folder + "old.krt";
-        std::ofstream to(path, std::ios::binary);
-        for (std::string line; std::getline(from, line);) {
-            bool dropped = false;
-            for (auto const* const key : {").align=", ").scaling=", ").border=", ").linkitys="})
-                dropped = dropped || line.find(key) != std::string::npos;
-            if (!dropped)
-                to << line << '\n';
-        }
-        return path;
     }
 };
 
@@ -61,7 +47,8 @@ void read_300_fields(benchmark::State& state) {
 
 void read_300_fields_without_later_keys(benchmark::State& state) {
     Session300 const running;
-    auto const path = running.old_file();
+    auto const path = running.folder + "old.krt";
+    bench_cards::put_bytes(path, bench_cards::old_bytes());
     for (auto _ : state)
         if (!ReadCardFile(path))
             state.SkipWithError("not read");

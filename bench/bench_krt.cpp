@@ -47,11 +47,27 @@ void krt_check_1000_cards_of_40_fields(benchmark::State& state) {
     run(state, std::move(words));
 }
 
+#ifdef KRT_DRAWS
+/// The whole way of a large card into a file, with the second program that it takes.
+void krt_draw_300_fields(benchmark::State& state, std::string const& ending) {
+    run(state, {KRT_PROGRAM, "draw", KEHYSTIN_SOURCES "/examples/kolmesataa.krt", "-o",
+                bench_cards::folder() + "card." + ending});
+}
+BENCHMARK_CAPTURE(krt_draw_300_fields, png, "png")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(krt_draw_300_fields, svg, "svg")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(krt_draw_300_fields, pdf, "pdf")->Unit(benchmark::kMillisecond)->UseRealTime();
+#endif
+
+void krt_form_300_fields(benchmark::State& state) {
+    run(state, {KRT_PROGRAM, "form", KEHYSTIN_SOURCES "/examples/kolmesataa.krt"});
+}
+
 // In turn, so that a busy machine slows both.
 BENCHMARK(start_true)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(200);
 BENCHMARK(krt_check_one_card)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(200);
 BENCHMARK(start_true)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(200);
 BENCHMARK(krt_check_one_card)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(200);
+BENCHMARK(krt_form_300_fields)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(krt_check_1000_cards_of_40_fields)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace

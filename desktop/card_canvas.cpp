@@ -2,11 +2,9 @@
 
 #include "desktop/control_painter.h"
 #include "desktop/drag.h"
-#include "desktop/drawing_painter.h"
+#include "desktop/form_painter.h"
 #include "desktop/look.h"
 #include "desktop/mouse.h"
-#include "desktop/pictures.h"
-#include "desktop/text.h"
 #include "platform/input.h"
 
 #include <QPaintEvent>
@@ -17,25 +15,7 @@
 
 namespace desktop {
 
-namespace {
-
 using platform::ControlClass;
-
-bool isOutline(ControlClass kind) {
-    return kind == ControlClass::shape || kind == ControlClass::line;
-}
-
-QRect placeOf(platform::Control const& control) {
-    if (control.control_class() == ControlClass::line)
-        return lineBounds(static_cast<platform::Line const&>(control));
-    auto place = rectOf(control);
-    // An outline without width or height still shows.
-    if (control.control_class() == ControlClass::shape)
-        place.setSize(place.size().expandedTo({1, 1}));
-    return place;
-}
-
-} // namespace
 
 CardCanvas::CardCanvas(platform::Form& form, EventGate& gate) : form_(&form), gate_(gate) {
     setMouseTracking(true);
@@ -105,8 +85,7 @@ void CardCanvas::paintLayers(QPainter const& onto, QRect const& wanted) {
     background_.image().fill(toColour(form_->BackColor));
     QPainter painter(&background_.image());
     background_.alignPainter(painter);
-    drawPicture(painter, form_->Picture, rect());
-    paintDrawing(painter, form_->drawing(), *form_, toPixels(*form_, 1));
+    paintGround(painter, *form_, rect());
     painter.end();
     changedStanding_ = {};
     paintStanding(place);

@@ -38,4 +38,17 @@ Status diff(std::string const& first, std::string const& second, Form form);
 Status to_json(Files const& files);
 Status make(std::string const& source, std::string const& target);
 
+/// A picture of a card.
+struct Drawing {
+    std::string file = {}; ///< its ending says of which kind
+    double scale = 1;      ///< pixels of the picture to one of the card
+    bool links = false;    ///< with the lines of the links
+};
+inline constexpr double smallest_scale = 0.25;
+inline constexpr double largest_scale = 8;
+Status draw(std::string const& file, Drawing const& drawing);
+
+/// A page for the browser; without a target to standard output.
+Status form(std::string const& file, std::string const& target);
+
 } // namespace krt

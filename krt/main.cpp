@@ -25,6 +25,7 @@ struct Wanted {
     bool json = false;
     std::string output;
     krt::RepairTarget repair;
+    krt::Drawing drawing;
 
     Form form() const { return json ? Form::json : Form::text; }
 };
@@ -49,6 +50,8 @@ std::string fault_of(CLI::Error const& error) {
         return "tuntematon komento, valitsin tai liikaa tiedostoja";
     if (dynamic_cast<CLI::ExcludesError const*>(&error))
         return "valitsimet eivät sovi yhteen";
+    if (dynamic_cast<CLI::ConversionError const*>(&error))
+        return "valitsimen arvo ei ole luku";
     return "komento on virheellinen";
 }
 
@@ -120,6 +123,10 @@ int run(CLI::App& program, Wanted& wanted) {
             return krt::diff(wanted.files.front(), wanted.files.back(), wanted.form());
         if (chosen == "json")
             return krt::to_json(wanted.files);
+        if (chosen == "draw")
+            return krt::draw(wanted.files.front(), wanted.drawing);
+        if (chosen == "form")
+            return krt::form(wanted.files.front(), wanted.output);
         return krt::make(wanted.files.front(), wanted.output);
     }();
     return static_cast<int>(status);
@@ -165,6 +172,28 @@ int main(int argc, char* argv[]) {
         ->type_name("")
         ->expected(1);
     make->add_option("-o", wanted.output, "tiedostoon eikä tulosteeseen")->type_name("X.krt");
+
+    auto* const draw =
+        program.add_subcommand("draw", "piirtää kortin kuvaksi")->group(commands_group);
+    draw->add_option("FILE", wanted.files, "korttitiedosto, - on vakiosyöte")
+        ->required()
+        ->type_name("")
+        ->expected(1);
+    draw->add_option("-o", wanted.drawing.file, "kuvaan, - on PNG tulosteeseen")
+        ->required()
+        ->type_name("X.png|.svg|.pdf");
+    draw->add_flag("--links", wanted.drawing.links, "myös linkkien viivat");
+    draw->add_option("--scale", wanted.drawing.scale,
+                     "kuvan pikseleitä kortin pikseliä kohti, 0.25 - 8")
+        ->type_name("LUKU");
+
+    auto* const form =
+        program.add_subcommand("form", "tekee kortista sivun selaimeen")->group(commands_group);
+    form->add_option("FILE", wanted.files, "korttitiedosto, - on vakiosyöte")
+        ->required()
+        ->type_name("")
+        ->expected(1);
+    form->add_option("-o", wanted.output, "tiedostoon eikä tulosteeseen")->type_name("X.html");
     for (auto* const command : program.get_subcommands({}))
         command->get_help_ptr()->group(options_group);
 

@@ -1,65 +1,7 @@
 // The tool krt as its users meet it: a program with arguments, streams and an exit status.
+#include "tests/krt/tool.h"
+
 #include "base/text.h"
-
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <sys/wait.h>
-
-namespace {
-
-namespace fs = std::filesystem;
-using Json = nlohmann::json;
-
-std::string bytes_of(fs::path const& file) {
-    std::ifstream from(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(from), {}};
-}
-
-class Krt : public testing::Test {
-  protected:
-    void SetUp() override {
-        std::string pattern = fs::temp_directory_path() / "krt.XXXXXX";
-        ASSERT_TRUE(mkdtemp(pattern.data()));
-        folder = pattern;
-    }
-    void TearDown() override { fs::remove_all(folder); }
-
-    /// Runs the tool in the test's folder, by a shell.
-    int run(std::string const& arguments, std::string const& behind = "") {
-        auto const command = "cd '" + folder.string() + "' && '" KRT_PROGRAM "' " + arguments +
-                             " >out 2>err </dev/null" + behind;
-        int const status = std::system(command.c_str());
-        out = bytes_of(folder / "out");
-        err = bytes_of(folder / "err");
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-    std::string take(std::string const& example) {
-        fs::copy_file(fs::path(KRT_EXAMPLES) / example, folder / example,
-                      fs::copy_options::overwrite_existing);
-        return example;
-    }
-    void write(std::string const& name, std::string_view bytes) const {
-        std::ofstream(folder / name, std::ios::binary) << bytes;
-    }
-    /// An example with one text replaced by another.
-    void write_changed(std::string const& name, std::string const& example, std::string const& from,
-                       std::string const& to) {
-        auto bytes = bytes_of(fs::path(KRT_EXAMPLES) / example);
-        auto const at = bytes.find(from);
-        ASSERT_NE(at, std::string::npos) << from;
-        write(name, bytes.replace(at, from.size(), to));
-    }
-
-    fs::path folder;
-    std::string out, err;
-};
-
-} // namespace
 
 TEST_F(Krt, CheckTellsWhatTheEditorWouldAsk) {
     EXPECT_EQ(run("check " + take("asiakkaat.krt")), 0);

@@ -1,0 +1,57 @@
+#include "krt/commands.h"
+#include "krt/files.h"
+#include "krt/painter.h"
+#include "krt/shown.h"
+
+#include "base/text.h"
+#include "card/writing.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+namespace krt {
+
+namespace {
+
+/// The letters behind the last dot of a file's own name, in lower case.
+std::string ending_of(std::string const& file) {
+    auto ending = base::file_part(file);
+    auto const dot = ending.rfind('.');
+    ending.erase(0, dot == std::string::npos ? ending.size() : dot + 1);
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return ending;
+}
+
+bool is_drawn(std::string const& ending) {
+    constexpr std::array known = {"png", "svg", "pdf"};
+    return std::find(known.begin(), known.end(), ending) != known.end();
+}
+
+} // namespace
+
+Status draw(std::string const& file, Drawing const& drawing) {
+    auto const ending = drawing.file == "-" ? "png" : ending_of(drawing.file);
+    if (!is_drawn(ending)) {
+        complain(drawing.file, "kuvan pääte on .png, .svg tai .pdf");
+        return Status::failed;
+    }
+    if (!(drawing.scale >= smallest_scale && drawing.scale <= largest_scale)) {
+        complain("--scale", "skaala on 0.25 - 8");
+        return Status::failed;
+    }
+    auto shown = read_to_show(file);
+    if (!shown)
+        return Status::failed;
+    std::vector<std::string> words{file, ending, std::to_string(drawing.scale)};
+    if (drawing.links)
+        words.emplace_back("links");
+    // As it has been repaired; the other program has no questions left.
+    auto const painted = paint(words, kehystin::write_card(shown->card));
+    if (!painted || !write_whole(drawing.file, painted->bytes))
+        return Status::failed;
+    return worse(shown->status, painted->status);
+}
+
+} // namespace krt

@@ -1,0 +1,22 @@
+// The program beside krt that paints cards: it needs Qt, which krt does without.
+#pragma once
+
+#include "krt/commands.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace krt {
+
+/// What a program wrote, and how it ended.
+struct Painted {
+    std::string bytes;
+    Status status = Status::failed;
+};
+
+/// Runs krt-draw with these words and a card on its standard input; its messages are krt's own.
+/// Nothing, with a complaint, where it is not there or does not end well.
+std::optional<Painted> paint(std::vector<std::string> const& words, std::string_view card);
+
+} // namespace krt

@@ -1,0 +1,81 @@
+// Pictures of cards. That they are what the editor paints is looked at where the editor is.
+#include "tests/krt/tool.h"
+
+#include <sys/resource.h>
+
+namespace {
+
+/// A big-endian number of a PNG.
+int number_at(std::string const& bytes, std::size_t at) {
+    int number = 0;
+    for (std::size_t i = at; i < at + 4 && i < bytes.size(); ++i)
+        number = number * 256 + static_cast<unsigned char>(bytes[i]);
+    return number;
+}
+
+std::pair<int, int> size_of_png(std::string const& bytes) {
+    EXPECT_TRUE(bytes.starts_with("\x89PNG"));
+    return {number_at(bytes, 16), number_at(bytes, 20)};
+}
+
+} // namespace
+
+TEST_F(Krt, DrawsInEachFormat) {
+    take("asiakkaat.krt");
+    ASSERT_EQ(run("draw asiakkaat.krt -o a.png"), 0) << err;
+    EXPECT_EQ(out + err, "");
+    // The card is 646 by 417; its window's frame is no part of the picture.
+    EXPECT_EQ(size_of_png(bytes_of(folder / "a.png")), std::pair(638, 394));
+    ASSERT_EQ(run("draw - -o b.PNG --scale 2", " <asiakkaat.krt"), 0) << err;
+    EXPECT_EQ(size_of_png(bytes_of(folder / "b.PNG")), std::pair(1276, 788));
+    ASSERT_EQ(run("draw asiakkaat.krt -o -"), 0);
+    EXPECT_TRUE(out == bytes_of(folder / "a.png"));
+    ASSERT_EQ(run("draw asiakkaat.krt -o c.svg --scale 0.5"), 0);
+    auto const svg = bytes_of(folder / "c.svg");
+    EXPECT_NE(svg.find("width=\"319\" height=\"197\""), std::string::npos);
+    for (auto const* const text : {">Yhteystiedot<", ">Sähköposti<", "<title>Asiakkaat<"})
+        EXPECT_NE(svg.find(text), std::string::npos) << text;
+    ASSERT_EQ(run("draw asiakkaat.krt -o d.pdf"), 0);
+    auto const pdf = bytes_of(folder / "d.pdf");
+    EXPECT_TRUE(pdf.starts_with("%PDF"));
+    EXPECT_NE(pdf.find("/FontFile2"), std::string::npos); // letters, not their pixels
+    EXPECT_NE(pdf.find("MediaBox [0 0 479.0"), std::string::npos);
+    // Nothing is left beside the pictures, and one that cannot be written is told.
+    EXPECT_EQ(run("draw asiakkaat.krt -o ei/ole.png"), 2);
+    EXPECT_EQ(err, "krt: ei/ole.png: ei voi kirjoittaa: tiedostoa tai hakemistoa ei ole\n");
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 7);
+}
+
+TEST_F(Krt, DrawSaysWhatItRepairsAndLeavesOut) {
+    take("rikki.krt");
+    EXPECT_EQ(run("draw rikki.krt -o a.png"), 1);
+    EXPECT_NE(err.find("krt: rikki.krt: card.transp: virheellinen arvo"), std::string::npos);
+    EXPECT_LE(std::count(err.begin(), err.end(), '\n'), 12);
+    EXPECT_EQ(size_of_png(bytes_of(folder / "a.png")), std::pair(292, 277));
+    take("vanha.krt");
+    EXPECT_EQ(run("draw vanha.krt -o b.png"), 0);
+    EXPECT_EQ(err, "");
+    write_changed("e.krt", "asiakkaat.krt", "card.fields=38", "card.fields=0");
+    EXPECT_EQ(run("draw e.krt -o e.png"), 1); // its roles name fields
+    EXPECT_EQ(size_of_png(bytes_of(folder / "e.png")), std::pair(638, 394));
+    // A picture beside the card is found from anywhere; one of that size would fill the memory.
+    fs::create_directory(folder / "k");
+    write("k/kuva.bmp", picture_header(8000, 8000));
+    write_changed("k/c.krt", "tuotteet.krt", "card.picture=          ", "card.picture=+kuva.bmp");
+    EXPECT_EQ(run("draw k/c.krt -o c.png"), 1);
+    EXPECT_EQ(err, "krt: k/c.krt: kuvaa k/kuva.bmp ei voi näyttää: Kuva on liian suuri, kortin "
+                   "kuvissa saa olla yhteensä 8 megapikseliä\n");
+}
+
+TEST_F(Krt, DrawKeepsItsMemorySmall) {
+    write_changed("a.krt", "kolmesataa.krt", "card.width=1884", "card.width=3000");
+    write_changed("b.krt", "kolmesataa.krt", "card.height=994", "card.height=3000");
+    for (auto const* const options :
+         {"a.krt -o a.png --scale 1.3", "b.krt -o b.svg --links", "b.krt -o b.pdf --scale 8"})
+        EXPECT_EQ(run(std::string("draw ") + options), 0) << err;
+    EXPECT_EQ(run("draw a.krt -o c.png --scale 8"), 2);
+    EXPECT_EQ(err, "krt: a.krt: kuvasta tulee liian suuri, pienennä valitsinta --scale\n");
+    rusage used{};
+    getrusage(RUSAGE_CHILDREN, &used);
+    EXPECT_LT(used.ru_maxrss, 100 * 1024);
+}

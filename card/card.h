@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/date.h"
+#include "card/kinds.h"
 #include "card/member_ref.h"
 
 #include <array>
@@ -37,7 +38,7 @@ struct Card {
 inline constexpr std::string_view no_link = "NOLINK";
 
 struct Field {
-    Integer style;
+    Integer style; ///< the code of a Style
     FixedText<100> caption;
     FixedText<100> group; ///< data field: caption of the linked title, empty without a link
     FixedText<400> list;  ///< title: its data fields; drop-down: rows; image: path of the file
@@ -61,7 +62,12 @@ struct Field {
     Integer linkki;         ///< number of the linked title
     FixedText<78> reserved; ///< travels with whole records, is neither read nor written
 
-    bool is_title() const { return style == 0; }
+    bool is(Style one) const { return style == code_of(one); }
+    bool is_title() const { return is(Style::OTS); }
+    /// Null when `style` names no kind; what asks for a column then gets a no.
+    Kind const* kind() const { return kind_of(int{style}); }
+    bool looks(Look look) const { return kind() && kind()->look == look; }
+    bool holds(Value what) const { return kind() && kind()->value == what; }
     /// A title that must never receive automatic links.
     bool is_nolink() const { return trimmed_view(value.bytes()) == no_link; }
     Integer right() const { return left + width; }

@@ -1,7 +1,5 @@
 #include "card/checks.h"
 
-#include "card/kinds.h"
-
 #include <set>
 
 namespace kehystin {
@@ -30,8 +28,7 @@ bool is_unlinked_title(Field& one) {
 }
 
 bool shows_no_label(Field& one) {
-    bool const labelled = one.style == int(Style::CHK) || one.style == int(Style::OPT);
-    return labelled && (one.caption.trim().empty() || one.width < narrowest_label);
+    return one.holds(Value::mark) && (one.caption.trim().empty() || one.width < narrowest_label);
 }
 
 Numbers fields_that(CardData& card, bool (*test)(Field&)) {

@@ -75,7 +75,7 @@ constexpr std::array card_table = {
 
 // The bounds are what the register program has always accepted, also where the row names others.
 constexpr std::array field_table = {
-    FieldMember{"style", of_field<&F::style>, guarded, {0, 7, nullptr, 0, ").style:  ", "  ->  0     (0 - 7)"}},
+    FieldMember{"style", of_field<&F::style>, guarded, {0, highest_style, nullptr, 0, ").style:  ", "  ->  0     (0 - 7)"}},
     FieldMember{"caption", of_field<&F::caption>, text, {.label = ").caption:  ", .tail = "     (max 100 merkkiä)"}},
     FieldMember{"group", of_field<&F::group>, text, {.label = ").group:  ", .tail = "     (max 100 merkkiä)"}},
     FieldMember{"list", of_field<&F::list>, text, {.label = ").list:  ", .tail = "     (max 400 merkkiä)"}, Written::commas_guarded},

@@ -34,10 +34,9 @@ void unmark(Numbers const& marked) {
         auto* const object = fCard->visual_of(number);
         if (!object)
             continue;
-        auto const& kind = *kind_of(field(number).style);
-        object->BackColor = shows_card_colour(kind) && kind.style != Style::OTS
-                                ? card.color
-                                : field(number).backColor;
+        auto const& one = field(number);
+        object->BackColor =
+            shows_card_colour(*one.kind()) && !one.is_title() ? card.color : one.backColor;
         auto* const title = dynamic_cast<Label*>(object);
         if (title && card.transp != 0)
             title->BackStyle = int(BackStyle::transparent);

@@ -1,6 +1,5 @@
 #include "dialogs/roles_boxes.h"
 
-#include "card/kinds.h"
 #include "dialogs/roles_numbers.h"
 #include "forms/speci_form.h"
 #include "model/card.h"
@@ -59,11 +58,7 @@ Integer& field_of(Role const& role) {
 }
 
 bool can_have_role(Field const& one, Mode mode) {
-    auto const* const kind = kind_of(one.style);
-    if (!kind)
-        return false;
-    bool const text = kind->style == Style::TXT || kind->style == Style::STX;
-    return text || (mode == Mode::text_and_list && kind->style == Style::CMB);
+    return one.holds(Value::text) || (mode == Mode::text_and_list && one.holds(Value::choice));
 }
 
 void LataaValikko(ComboBox& combo, Mode mode) {

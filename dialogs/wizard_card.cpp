@@ -98,7 +98,7 @@ Field title_field(WizardChoices const& choices, Measures const& sizes, int row, 
     // At the right end of the text field below there has to be room for the whole title.
     bool const as_wide_as_text = above && right && sizes.title_width < sizes.text_width - 10;
     auto one = empty_field(choices.title_look);
-    one.style = static_cast<int>(Style::OTS);
+    one.style = code_of(Style::OTS);
     one.caption = caption_of(choices.titles[static_cast<std::size_t>(row - 1)]);
     one.list = std::to_string(count + row);
     one.size = 1;
@@ -114,7 +114,7 @@ Field title_field(WizardChoices const& choices, Measures const& sizes, int row, 
 Field text_field(WizardChoices const& choices, Measures const& sizes, int row, Place at) {
     bool const above = choices.place == TitlePlace::above;
     auto one = empty_field(choices.text_look);
-    one.style = static_cast<int>(Style::TXT);
+    one.style = code_of(Style::TXT);
     one.group = caption_of(choices.titles[static_cast<std::size_t>(row - 1)]);
     one.size = 50;
     one.left = above ? at.left + 5 : at.left + sizes.title_width + 20;

@@ -16,29 +16,11 @@ CardForm::~CardForm() {
 }
 
 TextControl& CardForm::visual(Style style, int number) {
-    switch (style) {
-    case Style::OTS:
-        return ots(number);
-    case Style::TXT:
-        return txt(number);
-    case Style::CHK:
-        return chk(number);
-    case Style::OPT:
-        return opt(number);
-    case Style::CMB:
-        return cmb(number);
-    case Style::IMG:
-        return img(number);
-    case Style::LST:
-        return lst(number);
-    case Style::STX:
-        return stx(number);
-    }
-    throw RuntimeError(ErrorNumber::subscript_out_of_range);
+    return with_visuals(style, [number](auto& visuals) -> TextControl& { return visuals(number); });
 }
 
 TextControl* CardForm::visual_of(int number) {
-    auto const* kind = kind_of(field(number).style);
+    auto const* const kind = field(number).kind();
     // Frame and object of a field are made together.
     return kind && focus.has(number) ? &visual(kind->style, number) : nullptr;
 }

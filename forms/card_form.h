@@ -50,7 +50,30 @@ class CardForm : public Form {
     Integer bandX;
     Integer bandY;
 
-    /// The object that shows field `number`, which is of that style.
+    /// Calls `use` with the collection that shows the fields of a kind.
+    template <class Use>
+    TextControl& with_visuals(Style style, Use const& use) {
+        switch (style) {
+        case Style::OTS:
+            return use(ots);
+        case Style::TXT:
+            return use(txt);
+        case Style::STX:
+            return use(stx);
+        case Style::CHK:
+            return use(chk);
+        case Style::OPT:
+            return use(opt);
+        case Style::CMB:
+            return use(cmb);
+        case Style::IMG:
+            return use(img);
+        case Style::LST:
+            return use(lst);
+        }
+        throw RuntimeError(ErrorNumber::subscript_out_of_range);
+    }
+    /// The object that shows field `number`, which is of that style; 0 is their prototype.
     TextControl& visual(Style style, int number);
     /// The object that shows a field, by its record; null where none could be built.
     TextControl* visual_of(int number);

@@ -4,7 +4,6 @@
 #include "krt/findings.h"
 
 #include "card/identity.h"
-#include "card/kinds.h"
 #include "card/linking.h"
 
 #include <algorithm>
@@ -154,9 +153,9 @@ class Comparison {
 
 std::string in_words(Json const& one, CardData const& first, CardData const& second) {
     auto const name = [](CardData const& card, int number) {
-        auto const* const kind = kehystin::kind_of(card.field(number).style);
+        auto const* const kind = card.field(number).kind();
         auto const caption = plain(card.field(number).caption.trimmed());
-        return (kind ? " " + std::string(kind->word.substr(3)) : "") +
+        return (kind ? " " + std::string(kind->word) : "") +
                (caption.empty() ? "" : " ”" + caption + "”");
     };
     if (one.contains("added")) {

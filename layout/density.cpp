@@ -1,7 +1,6 @@
 #include "layout/density.h"
 
 #include "boxes/failure_report.h"
-#include "card/kinds.h"
 #include "layout/placing.h"
 #include "links/link_list.h"
 #include "model/card.h"
@@ -17,7 +16,7 @@ namespace {
 
 constexpr int gap_step = 2;    // pixels
 constexpr int kind_gap = 4;    // more between fields of different kinds
-constexpr int title_inset = 4; // a title stands that much lower than a sunken field
+constexpr int title_inset = 4; // a title stands that much lower than a sunken box
 
 std::vector<int> data_fields() {
     std::vector<int> numbers;
@@ -38,11 +37,6 @@ Integer changed_gap(std::vector<int> const& numbers, int step) {
     return field(*std::next(place)).top - field(*place).bottom() + step;
 }
 
-bool stands_sunken(Field const& one) {
-    auto const style = static_cast<Style>(int{one.style});
-    return style == Style::TXT || style == Style::STX || style == Style::CMB;
-}
-
 /// New tops by number: the data fields one below the other, the titles beside their first.
 Places stacked(Integer gap, std::vector<int> const& numbers) {
     std::map<int, Integer> tops;
@@ -61,7 +55,7 @@ Places stacked(Integer gap, std::vector<int> const& numbers) {
         auto const& data = field(linked);
         auto const moved = tops.find(linked);
         Integer const top = moved == tops.end() ? data.top : moved->second;
-        tops[i] = top + (stands_sunken(data) ? title_inset : 0);
+        tops[i] = top + (data.looks(Look::box) ? title_inset : 0);
     }
     return {tops.begin(), tops.end()};
 }

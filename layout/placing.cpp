@@ -15,7 +15,8 @@ void place(Places const& places, Integer Field::*member, Property<double> Contro
         if (fCard->focus.has(number))
             fCard->focus(number).*coordinate = where - 1.0;
         auto* const object = fCard->visual_of(number);
-        if (object && field(number).style != static_cast<int>(Style::LST))
+        // The object of a file list stays where it is until the card is shown anew.
+        if (object && !field(number).looks(Look::list))
             (*object).*coordinate = int{where};
     }
 }

@@ -20,10 +20,7 @@ void follow(DefaultField& look, Field const& source) {
 } // namespace
 
 DefaultField& default_look(Style style) {
-    for (std::size_t i = 0; i < kinds.size(); ++i)
-        if (kinds[i].style == style)
-            return default_looks[i];
-    throw RuntimeError(ErrorNumber::subscript_out_of_range);
+    return default_looks[kind_index(style)];
 }
 
 void set_def_var(Font const& sample) {
@@ -35,38 +32,38 @@ void set_def_var(Font const& sample) {
                             false,
                             false,
                             colours::black,
-                            kind.backColor,
+                            kind.backColor(),
                             kind.width,
                             kind.height,
                             0,
-                            kind.style == Style::IMG ? 1 : 0};
+                            kind.look == Look::image ? 1 : 0};
     }
 }
 
 void UpdDefVar() {
     for (int i = 1; i <= card.fields; ++i)
-        if (auto const* kind = kind_of(field(i).style))
+        if (auto const* const kind = field(i).kind())
             follow(default_look(kind->style), field(i));
 }
 
 void UpdateDefaultFont() {
     bool text_found = false;
     bool title_found = false;
-    auto const give = [](Field const& source, std::initializer_list<Style> styles) {
-        for (auto const style : styles) {
-            follow(default_look(style), source);
-            default_look(style).caption = "Uusi";
-        }
+    auto const give = [](Field const& source, Look look) {
+        for (auto const& kind : kinds)
+            if (kind.look == look) {
+                follow(default_look(kind.style), source);
+                default_look(kind.style).caption = "Uusi";
+            }
     };
     for (int i = 1; i <= card.fields && !(text_found && title_found); ++i) {
         auto const& source = field(i);
-        if (source.style == static_cast<int>(Style::TXT) ||
-            source.style == static_cast<int>(Style::STX)) {
-            give(source, {Style::TXT, Style::STX, Style::CMB});
+        if (source.holds(Value::text)) {
+            give(source, Look::box);
             default_look(Style::LST).width = source.width;
             text_found = true;
         } else if (source.is_title()) {
-            give(source, {Style::OTS, Style::CHK, Style::OPT});
+            give(source, Look::label);
             title_found = true;
         }
     }

@@ -1,6 +1,5 @@
 #include "panel/row_texts.h"
 
-#include "card/kinds.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -41,15 +40,9 @@ std::string chosen_item(Field& one) {
 }
 
 std::string value_text(Field& one) {
-    switch (static_cast<Style>(int{one.style})) {
-    case Style::CHK:
-    case Style::OPT:
+    if (one.holds(Value::mark))
         return Val(one.value.trim()) != 0 ? "Valittu" : "Ei valittu";
-    case Style::CMB:
-        return chosen_item(one);
-    default:
-        return one.value.trim();
-    }
+    return one.holds(Value::choice) ? chosen_item(one) : one.value.trim();
 }
 
 std::string image_file_text(Field& one) {
@@ -75,14 +68,13 @@ void fill_scroll_bar(ScrollBar& bar, int value) {
 
 void fill_value_list(Field& one) {
     auto& list = fEditor->lst_value;
-    auto const style = static_cast<Style>(int{one.style});
     list.Clear();
-    if (style == Style::CHK || style == Style::OPT) {
+    if (one.holds(Value::mark)) {
         list.AddItem("Ei valittu");
         list.AddItem("Valittu");
         return;
     }
-    if (style != Style::CMB)
+    if (!one.holds(Value::choice))
         return;
     list.AddItem("");
     for (auto const& item : items_of(one))

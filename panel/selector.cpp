@@ -30,7 +30,7 @@ void hide_frames(int chosen) {
 
 /// A field whose kind is unknown shows no rows.
 void show_field(Field& one) {
-    auto const* const kind = kind_of(one.style);
+    auto const* const kind = one.kind();
     if (!kind)
         return;
     for (auto const row : panel_kind(kind->prefix)->rows)

@@ -29,7 +29,7 @@ template <class Change, class Remember>
 void change_selected(Links links, Change const& change, Remember const& remember) {
     change_selected(links, [&](int number, Field& one) {
         change(number, one);
-        if (auto const* const kind = kind_of(one.style))
+        if (auto const* const kind = one.kind())
             remember(default_look(kind->style));
     });
 }

@@ -19,7 +19,7 @@ constexpr std::string_view none_chosen = "-1";
 /// At most one option of a card is on; options are not grouped.
 void clear_other_options(int chosen) {
     for (int i = 1; i <= card.fields; ++i)
-        if (i != chosen && field(i).style == static_cast<int>(Style::OPT)) {
+        if (i != chosen && field(i).is(Style::OPT)) {
             field(i).value = off;
             show_value(i);
         }
@@ -46,23 +46,20 @@ void choose_item(Field& one, std::string const& text) {
 
 void take_value(int number, Field& one, std::string const& text) {
     bool const marked = UCase(Trim(text)) == "VALITTU";
-    switch (static_cast<Style>(int{one.style})) {
-    case Style::CHK:
+    switch (one.kind() ? one.kind()->value : Value::none) {
+    case Value::mark:
         one.value = marked ? on : off;
-        break;
-    case Style::OPT:
-        one.value = marked ? on : off;
-        if (marked)
+        if (marked && one.is(Style::OPT))
             clear_other_options(number);
         break;
-    case Style::CMB:
+    case Value::choice:
         choose_item(one, text);
         break;
-    case Style::TXT:
-    case Style::STX:
+    case Value::text:
         one.value = Trim(text);
         break;
-    default: // the row stands beside titles too, whose value says whether they can be linked
+    case Value::linkable: // the row stands beside titles too
+    case Value::none:
         return;
     }
     show_value(number);

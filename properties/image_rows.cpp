@@ -23,7 +23,7 @@ namespace {
 std::vector<int> selected_images() {
     auto numbers = selected_fields();
     std::erase_if(numbers, [](int number) {
-        return field(number).style != static_cast<int>(Style::IMG) || !fCard->visual_of(number);
+        return !field(number).is(Style::IMG) || !fCard->visual_of(number);
     });
     return numbers;
 }

@@ -174,7 +174,7 @@ bool UpdateCombo(Overlong overlong) {
     change_selected(Links::keep, [&](int i, Field& one) {
         one.list = joined;
         show_list(i);
-        if (one.style == static_cast<int>(Style::CMB) && !first)
+        if (one.holds(Value::choice) && !first)
             first = &one;
     });
     show_in_rows(first);

@@ -30,9 +30,8 @@ constexpr std::array mark_keys = {KeyWord{"Ee", 0}, KeyWord{"Vv", 1}};
 bool value_has_words() {
     bool found = false;
     for (int const number : selected_fields()) {
-        auto const style = static_cast<Style>(int{field(number).style});
-        bool const mark = style == Style::CHK || style == Style::OPT;
-        if (!mark && style != Style::OTS)
+        bool const mark = field(number).holds(Value::mark);
+        if (!mark && !field(number).is_title())
             return false;
         found = found || mark;
     }
@@ -45,7 +44,7 @@ bool names_item(std::string const& text) {
         return true;
     for (int const number : selected_fields()) {
         auto& one = field(number);
-        if (one.style != static_cast<int>(Style::CMB))
+        if (!one.holds(Value::choice))
             continue;
         auto const items = items_of(one);
         return std::find(items.begin(), items.end(), text) != items.end() ||

@@ -30,32 +30,16 @@ constexpr double pointer_inset = 5;
 /// Roles above this one are not renumbered when a field goes: they name the old number.
 constexpr std::size_t last_renumbered_role = 14;
 
-bool shows_caption(Style style) {
-    return style == Style::OTS || style == Style::CHK || style == Style::OPT || style == Style::IMG;
-}
-
-std::string_view first_value(Style style) {
-    switch (style) {
-    case Style::CHK:
-    case Style::OPT:
-        return "0";
-    case Style::CMB:
-        return "-1";
-    default:
-        return "";
-    }
-}
-
 /// A record that starts as zeros, with the default look of its kind.
 Field new_field(Kind const& kind) {
     auto const& look = default_look(kind.style);
     Field one;
-    one.style = static_cast<int>(kind.style);
-    one.caption = shows_caption(kind.style) ? look.caption : "";
+    one.style = code_of(kind.style);
+    one.caption = kind.has_caption() ? look.caption : "";
     one.group = "";
     one.list = "";
     one.size = kind.size;
-    one.value = first_value(kind.style);
+    one.value = kind.first_value;
     one.fontName = Trim(look.fontName);
     one.fontSize = Integer(double(look.fontSize));
     one.fontBold = look.fontBold.number();
@@ -64,7 +48,7 @@ Field new_field(Kind const& kind) {
     one.backColor = look.backColor;
     one.width = look.width;
     one.height = look.height;
-    if (kind.style == Style::IMG) {
+    if (kind.look == Look::image) {
         one.scaling = look.scaling;
         one.border = look.border;
     }
@@ -112,7 +96,7 @@ void drop_field(Kind const& kind, double x, double y) {
     update_links();
     fEditor->cmb_field.ListIndex = fEditor->cmb_field.NewIndex();
     // An image opens the title commands too, though it has no title to align.
-    bool const titles = kind.style == Style::OTS || kind.style == Style::IMG;
+    bool const titles = kind.style == Style::OTS || kind.look == Look::image;
     using enum Code;
     UpdateCommandState(keep, on, off, off, titles ? on : off, keep);
     MarkCardChanged();

@@ -41,7 +41,7 @@ Zones zones_of(Style style) {
     case Style::IMG: // its events count in pixels
         return {4, 4, 4, 4, 2, 1};
     case Style::OTS:
-    case Style::CMB: // delivers no events
+    case Style::CMB: // has no mouse
         break;
     }
     return {4, 4, 4, 4, 30, twips_per_pixel};
@@ -137,7 +137,7 @@ bool stretch(Shape& frame, Control const& object, std::string_view edges, Zones 
 }
 
 Zones zones_of_field(int number) {
-    return zones_of(static_cast<Style>(int{field(number).style}));
+    return zones_of(field(number).kind()->style);
 }
 
 /// Mouse positions of all kinds as 16-bit twips.

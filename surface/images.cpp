@@ -115,7 +115,7 @@ void paint_stretched(PictureBox& picture) {
 
 void refresh_image(int number) {
     auto const& one = field(number);
-    if (one.style != static_cast<int>(Style::IMG) || !fCard->img.has(number))
+    if (!one.is(Style::IMG) || !fCard->img.has(number))
         return;
     auto& box = fCard->img(number);
     auto const fitted = painted_picture(box);

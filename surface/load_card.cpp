@@ -65,7 +65,7 @@ void open_window(Background const& background, std::string* picture_fault) {
 
 void build_fields() {
     for (int i = 1; i <= card.fields; ++i) {
-        auto const* kind = kind_of(field(i).style);
+        auto const* const kind = field(i).kind();
         if (!kind)
             continue;
         add_to_selector(i);
@@ -81,7 +81,7 @@ void apply_tab_order() {
     std::stable_sort(order.begin(), order.end(),
                      [](int a, int b) { return field(a).tabIndex < field(b).tabIndex; });
     for (int const number : order)
-        if (auto const* kind = kind_of(field(number).style))
+        if (auto const* const kind = field(number).kind())
             fCard->visual(kind->style, number).TabIndex = int{field(number).tabIndex};
 }
 
@@ -126,8 +126,8 @@ void unload_card_form() {
 }
 
 void add_to_selector(int number) {
-    if (auto const* kind = kind_of(field(number).style))
-        fEditor->cmb_field.AddItem("Kenttä (" + Format(number) + std::string(kind->word));
+    if (auto const* const kind = field(number).kind())
+        fEditor->cmb_field.AddItem("Kenttä (" + Format(number) + ")  " + std::string(kind->word));
 }
 
 } // namespace kehystin

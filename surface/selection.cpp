@@ -18,14 +18,9 @@ namespace {
 
 constexpr std::string_view banding = "FocusFields";
 
-/// Kinds that can be hit though no mouse event of theirs arrives.
-bool is_pressed_through_surface(Style style) {
-    return style == Style::CHK || style == Style::OPT || style == Style::CMB || style == Style::LST;
-}
-
 bool holds_pressed_field(Shape const& band) {
     auto const* const kind = kind_of(std::string_view(band.Tag.get()));
-    return kind && is_pressed_through_surface(kind->style);
+    return kind && kind->pressed_through;
 }
 
 bool covers(Control const& object, double x, double y) {
@@ -33,19 +28,18 @@ bool covers(Control const& object, double x, double y) {
            y < object.Top + object.Height;
 }
 
-/// The lowest field of such a kind at a point, 0 without one.
+/// The lowest field at a point whose kind is pressed through the surface, 0 without one.
 int field_pressed_through_surface(double x, double y) {
     for (int i = 1; i <= card.fields; ++i) {
-        auto const* const kind = kind_of(field(i).style);
         auto const* const object = fCard->visual_of(i);
-        if (object && is_pressed_through_surface(kind->style) && covers(*object, x, y))
+        if (object && field(i).kind()->pressed_through && covers(*object, x, y))
             return i;
     }
     return 0;
 }
 
 void press_field(int number, MouseArguments const& mouse) {
-    fCard->bigfocus.Tag = std::string(kind_of(field(number).style)->prefix);
+    fCard->bigfocus.Tag = std::string(field(number).kind()->prefix);
     set_focus(number);
     fCard->grabX = Integer(mouse.X);
     fCard->grabY = Integer(mouse.Y);

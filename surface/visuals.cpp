@@ -66,37 +66,17 @@ void fill_content(Style style, int number) {
     }
 }
 
-TextControl& load_visual(Style style, int number) {
-    switch (style) {
-    case Style::OTS:
-        return fCard->ots.Load(number);
-    case Style::TXT:
-        return fCard->txt.Load(number);
-    case Style::CHK:
-        return fCard->chk.Load(number);
-    case Style::OPT:
-        return fCard->opt.Load(number);
-    case Style::CMB:
-        return fCard->cmb.Load(number);
-    case Style::IMG:
-        return fCard->img.Load(number);
-    case Style::LST:
-        return fCard->lst.Load(number);
-    case Style::STX:
-        return fCard->stx.Load(number);
-    }
-    throw RuntimeError(ErrorNumber::subscript_out_of_range);
-}
-
 } // namespace
 
 bool shows_card_colour(Kind const& kind) {
-    bool const label =
-        kind.style == Style::OTS || kind.style == Style::CHK || kind.style == Style::OPT;
-    return label && card.transp != 0;
+    return kind.look == Look::label && card.transp != 0;
 }
 
 namespace {
+
+bool has_height_of_font(Field const& one) {
+    return one.kind() && one.kind()->height_of_font;
+}
 
 void take_font(TextControl& visual, Field& one) {
     // A font that cannot be taken must not keep the card from being shown.
@@ -105,21 +85,22 @@ void take_font(TextControl& visual, Field& one) {
     visual.FontSize = int{one.fontSize};
     visual.FontBold = one.fontBold != 0;
     visual.FontItalic = one.fontItalic != 0;
-    if (one.style == static_cast<int>(Style::CMB))
+    if (has_height_of_font(one))
         visual.Height = drop_down_height(visual);
 }
 
 void take_place(TextControl& visual, Field const& one) {
     visual.Move(int{one.left}, int{one.top});
     visual.Width = int{one.width};
-    if (one.style != static_cast<int>(Style::CMB))
+    if (!has_height_of_font(one))
         visual.Height = int{one.height};
 }
 
 /// The object of a field with the look and place of its record, hidden and without content.
 TextControl& make_visual(Kind const& kind, int number, bool card_colour) {
     auto& one = field(number);
-    auto& visual = load_visual(kind.style, number);
+    auto& visual = fCard->with_visuals(
+        kind.style, [number](auto& visuals) -> TextControl& { return visuals.Load(number); });
     visual.Tag = std::to_string(number);
     take_font(visual, one);
     visual.ForeColor = one.foreColor;
@@ -159,7 +140,7 @@ void build_visual(Kind const& kind, int number) {
 
 void build_dropped_visual(Kind const& kind, int number) {
     bool const card_colour =
-        shows_card_colour(kind) || (kind.style == Style::IMG && card.transp != 0);
+        shows_card_colour(kind) || (kind.look == Look::image && card.transp != 0);
     auto& visual = make_visual(kind, number, card_colour);
     fill_dropped_content(kind.style, number);
     visual.Visible = true;
@@ -194,9 +175,8 @@ void show_background(int number) {
     if (!visual)
         return;
     auto const& one = field(number);
-    auto const& kind = *kind_of(one.style);
-    visual->BackColor = shows_card_colour(kind) ? card.color : one.backColor;
-    if (kind.style == Style::OTS)
+    visual->BackColor = shows_card_colour(*one.kind()) ? card.color : one.backColor;
+    if (one.is_title())
         take_back_style(fCard->ots(number));
 }
 

@@ -15,8 +15,6 @@
 #include "surface/selection.h"
 #include "surface/visuals.h"
 
-#include <initializer_list>
-
 namespace kehystin {
 
 namespace {
@@ -25,7 +23,7 @@ constexpr double smallest_window = 900; // twips
 
 /// The text fields of the surface must not keep the keyboard, and it cannot be moved from inside a
 /// focus event.
-void give_focus_back() {
+void give_keyboard_back() {
     fEditor->focusTimer.Enabled = true;
 }
 
@@ -62,21 +60,19 @@ void wire_card_form() {
     form.Resize = Form_Resize;
     form.resizeTimer.Tick = resizeTimer_Timer;
     form.focusTimer.Tick = focusTimer_Timer;
-    form.txt.prototype().GotFocus = give_focus_back;
-    form.stx.prototype().GotFocus = give_focus_back;
-    form.lst.prototype().GotFocus = give_focus_back;
     form.MouseDown = Form_MouseDown;
     form.MouseMove = Form_MouseMove;
     form.MouseUp = Form_MouseUp;
     form.DragDrop = Form_DragDrop;
-    // Drop-downs deliver no mouse events: the surface under them takes the press.
-    for (Control* const prototype : std::initializer_list<Control*>{
-             &form.ots.prototype(), &form.txt.prototype(), &form.stx.prototype(),
-             &form.chk.prototype(), &form.opt.prototype(), &form.img.prototype(),
-             &form.lst.prototype()}) {
-        prototype->MouseDown = field_MouseDown;
-        prototype->MouseMove = field_MouseMove;
-        prototype->MouseUp = field_MouseUp;
+    for (auto const& kind : kinds) {
+        auto& prototype = form.visual(kind.style, 0);
+        if (kind.takes_keyboard)
+            prototype.GotFocus = give_keyboard_back;
+        if (!kind.has_mouse)
+            continue; // the surface under it takes the press
+        prototype.MouseDown = field_MouseDown;
+        prototype.MouseMove = field_MouseMove;
+        prototype.MouseUp = field_MouseUp;
     }
     form.chk.prototype().Click = chk_Click;
     form.opt.prototype().Click = opt_Click;
@@ -128,7 +124,7 @@ void opt_Click(int) {
     if (session.pro_updating)
         return;
     for (int i = 1; i <= card.fields; ++i)
-        if (field(i).style == static_cast<int>(Style::OPT))
+        if (field(i).is(Style::OPT))
             restore_option(i);
 }
 

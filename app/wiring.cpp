@@ -122,14 +122,14 @@ void fldBar_MouseMove(int, MouseArguments const&) {
 
 void wire_field_bar(EditorForm& form) {
     form.fldBar.MouseMove = fldBar_MouseMove;
-    for (auto* const button : {&form.drag_ots, &form.drag_txt, &form.drag_stx, &form.drag_chk,
-                               &form.drag_opt, &form.drag_cmb, &form.drag_img, &form.drag_lst})
-        button->MouseDown = [button](int, MouseArguments const&) {
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+        auto& button = form.*form.drag_buttons[i];
+        button.MouseDown = [&button, &look = default_looks[i]](int, MouseArguments const&) {
             close_tip();
-            auto const& look = default_look(kind_of(std::string_view(button->Tag.get()))->style);
-            button->DragWidth = look.width;
-            button->DragHeight = look.height;
+            button.DragWidth = look.width;
+            button.DragHeight = look.height;
         };
+    }
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "forms/editor_form.h"
 
-#include "card/kinds.h"
 #include "forms/panel_rows.h"
 #include "model/card.h"
 
@@ -26,13 +25,12 @@ void place_bar(PictureBox& bar, Dock side, double thickness) {
 void build_field_bar(EditorForm& form) {
     place_bar(form.fldBar, Dock::left, 600);
     double top = 90;
-    auto kind = kinds.begin();
-    for (auto* const button : {&form.drag_ots, &form.drag_txt, &form.drag_stx, &form.drag_chk,
-                               &form.drag_opt, &form.drag_cmb, &form.drag_img, &form.drag_lst}) {
-        button->Tag = std::string((kind++)->prefix);
-        button->Picture = Picture::named(button->name());
-        button->DragMode = true;
-        button->Move(60, top, 480, 480);
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+        auto& button = form.*form.drag_buttons[i];
+        button.Tag = std::string(kinds[i].prefix);
+        button.Picture = Picture::named(button.name());
+        button.DragMode = true;
+        button.Move(60, top, 480, 480);
         top += 510;
     }
     form.pic_lock.Picture = Picture::named("pic_lock");

@@ -2,9 +2,11 @@
 // are wired in app/.
 #pragma once
 
+#include "card/kinds.h"
 #include "forms/picture_panel.h"
 #include "platform/form.h"
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -104,6 +106,11 @@ class EditorForm : public Form {
     Button drag_cmb{&fldBar, "drag_cmb"};
     Button drag_img{&fldBar, "drag_img"};
     Button drag_lst{&fldBar, "drag_lst"};
+    /// The same in the order of `kinds`.
+    static constexpr std::array<Button EditorForm::*, kinds.size()> drag_buttons = {
+        &EditorForm::drag_ots, &EditorForm::drag_txt, &EditorForm::drag_stx, &EditorForm::drag_chk,
+        &EditorForm::drag_opt, &EditorForm::drag_cmb, &EditorForm::drag_img, &EditorForm::drag_lst};
+    static_assert(drag_buttons.back() != nullptr, "a button for each kind");
     /// Shown while the fields are locked.
     PictureBox pic_lock{&fldBar, "pic_lock"};
 

@@ -1,5 +1,6 @@
 #include "forms/panel_rows.h"
 
+#include <algorithm>
 #include <array>
 
 namespace kehystin {
@@ -96,6 +97,12 @@ constexpr std::array kind_table = {
 };
 // clang-format on
 
+static_assert(std::equal(kinds.begin(), kinds.end(), kind_table.begin() + 1, kind_table.end(),
+                         [](Kind const& one, PanelKind const& panel) {
+                             return one.prefix == panel.prefix;
+                         }),
+              "the card, and then a row for each kind");
+
 } // namespace
 
 std::span<PanelRow const> panel_rows() {
@@ -124,6 +131,11 @@ PanelKind const* panel_kind(std::string_view prefix) {
         if (kind.prefix == prefix)
             return &kind;
     return nullptr;
+}
+
+bool has_row(Kind const& kind, Row row) {
+    auto const rows = panel_kind(kind.prefix)->rows;
+    return std::find(rows.begin(), rows.end(), row) != rows.end();
 }
 
 } // namespace kehystin

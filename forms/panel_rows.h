@@ -75,6 +75,8 @@ struct PanelKind {
 
 /// Null for a prefix that is none.
 PanelKind const* panel_kind(std::string_view prefix);
+/// Whether a field of the kind shows the row.
+bool has_row(Kind const& kind, Row row);
 
 inline constexpr std::string_view card_prefix = "CRD";
 

@@ -4,9 +4,8 @@
 #include "model/session.h"
 #include "platform/system.h"
 
-#include <array>
 #include <cstdlib>
-#include <utility>
+#include <string>
 
 namespace kehystin {
 
@@ -15,26 +14,15 @@ namespace {
 constexpr int idle_interval = 500;
 constexpr int showing_interval = 1; // a tip that stands follows the mouse at once
 
-constexpr std::array<std::pair<std::string_view, std::string_view>, 8> field_bar_tips = {{
-    {"drag_ots", " Lisää otsikko "},
-    {"drag_txt", " Lisää tekstikenttä "},
-    {"drag_stx", " Lisää vieritettävä tekstikenttä "},
-    {"drag_chk", " Lisää valintakenttä "},
-    {"drag_opt", " Lisää vaihtoehtokenttä "},
-    {"drag_cmb", " Lisää alasvetovalikko "},
-    {"drag_img", " Lisää kuvakenttä "},
-    {"drag_lst", " Lisää tiedostolista "},
-}};
-
 /// The tip of a control; empty when it has none.
-std::string_view tip_of(Control const& control) {
+std::string tip_of(Control const& control) {
     if (control.name() == fEditor->ico.prototype().name())
         for (auto const& icon : icon_table())
             if (icon.number == std::atoi(control.Tag.get().c_str()))
-                return icon.tip;
-    for (auto const& [name, tip] : field_bar_tips)
-        if (control.name() == name)
-            return tip;
+                return std::string(icon.tip);
+    for (std::size_t i = 0; i < kinds.size(); ++i)
+        if (&control == &((*fEditor).*fEditor->drag_buttons[i]))
+            return " Lisää " + std::string(kinds[i].name) + " ";
     return {};
 }
 
@@ -47,7 +35,7 @@ void tipTimer_Timer() {
     if (control == session.tip_control)
         return;
     session.tip_control = control;
-    auto const tip = control ? tip_of(*control) : std::string_view();
+    auto const tip = control ? tip_of(*control) : std::string();
     if (!tip.empty()) {
         auto const [x, y] = host().mouse_position();
         ShowTip(tip, x, y);

@@ -87,71 +87,56 @@ Comparable const* comparable_of(Row row) {
     return nullptr;
 }
 
-/// How many fields of each kind are selected. The two kinds of text field count as one.
-struct Counts {
-    int titles = 0, texts = 0, checks = 0, options = 0, drop_downs = 0, images = 0, files = 0;
+/// The kinds of some fields, each once.
+using Kinds = std::vector<Kind const*>;
 
-    explicit Counts(std::vector<int> const& numbers) {
-        for (int const number : numbers)
-            if (auto const* const kind = kind_of(field(number).style))
-                ++of(kind->style);
+Kinds kinds_of(std::vector<int> const& numbers) {
+    Kinds found;
+    for (int const number : numbers) {
+        auto const* const kind = field(number).kind();
+        if (kind && std::find(found.begin(), found.end(), kind) == found.end())
+            found.push_back(kind);
     }
-    int& of(Style style) {
-        switch (style) {
-        case Style::OTS:
-            return titles;
-        case Style::TXT:
-        case Style::STX:
-            return texts;
-        case Style::CHK:
-            return checks;
-        case Style::OPT:
-            return options;
-        case Style::CMB:
-            return drop_downs;
-        case Style::IMG:
-            return images;
-        case Style::LST:
-            return files;
-        }
-        return files;
-    }
-    bool titles_only() const { return texts + checks + options + drop_downs + images + files == 0; }
-};
-
-/// Text fields alone, drop-downs, or check and option fields; titles stand in the way of text
-/// fields only.
-bool has_value_row(Counts const& of) {
-    bool const marks = of.checks + of.options > 0;
-    if (of.images + of.files > 0)
-        return false;
-    if (of.texts > 0)
-        return !marks && of.drop_downs == 0 && of.titles == 0;
-    return marks != (of.drop_downs > 0);
+    return found;
 }
 
-/// The rows that all selected kinds have in common. File lists count for "Alkuarvo" alone: several
-/// of them show the rows of all kinds at once.
-std::vector<Row> common_rows(Counts const& of) {
+bool titles_only(Kinds const& selected) {
+    return std::all_of(selected.begin(), selected.end(),
+                       [](Kind const* kind) { return kind->style == Style::OTS; });
+}
+
+/// Values of one sort; titles stand in the way of texts only.
+bool share_value_row(Kinds const& selected) {
+    bool has_title = false;
+    auto sort = Value::none;
+    for (auto const* const kind : selected) {
+        if (kind->value == Value::linkable)
+            has_title = true;
+        else if (kind->value == Value::none || (sort != Value::none && sort != kind->value))
+            return false;
+        else
+            sort = kind->value;
+    }
+    return sort != Value::none && !(has_title && sort == Value::text);
+}
+
+/// File lists count for "Alkuarvo" alone: several of them show the rows of all kinds at once.
+bool share_row(Kinds const& selected, Row row) {
+    if (row == Row::value)
+        return share_value_row(selected);
+    return std::all_of(selected.begin(), selected.end(), [row](Kind const* kind) {
+        return kind->look == Look::list || has_row(*kind, row);
+    });
+}
+
+std::vector<Row> common_rows(Kinds const& selected) {
     using enum Row;
-    bool const marks = of.checks + of.options > 0;
     std::vector<Row> rows;
-    auto const add_if = [&](bool stands, std::initializer_list<Row> some) {
-        if (stands)
-            rows.insert(rows.end(), some);
-    };
-    bool const no_data_but_files = of.texts == 0 && !marks && of.drop_downs == 0 && of.images == 0;
-    add_if(of.texts == 0 && of.drop_downs == 0, {caption});
-    add_if(no_data_but_files, {align});
-    add_if(of.titles == 0 && !marks && of.drop_downs == 0 && of.images == 0, {size});
-    add_if(of.texts == 0 && of.titles == 0 && !marks && of.images == 0, {list});
-    add_if(true, {font_name, font_size, bold, italic, back_color, fore_color, left, top, width});
-    add_if(of.drop_downs == 0, {height});
-    add_if(has_value_row(of), {value});
-    add_if(of.texts == 0 && !marks && of.drop_downs == 0 && of.titles == 0,
-           {image_file, scaling, border});
-    add_if(no_data_but_files, {linkable});
-    add_if(of.titles == 0, {link_mode, link});
+    for (auto const row : {caption, align,      size,       list,   font_name, font_size, bold,
+                           italic,  back_color, fore_color, left,   top,       width,     height,
+                           value,   image_file, scaling,    border, linkable,  link_mode, link})
+        if (share_row(selected, row))
+            rows.push_back(row);
     return rows;
 }
 
@@ -168,11 +153,8 @@ void show_difference(Row row) {
 /// Those whose kind has the row: a row of several fields can stand beside a field that has it not.
 std::vector<int> fields_with(Row row, std::vector<int> numbers) {
     std::erase_if(numbers, [row](int number) {
-        auto const* const kind = kind_of(field(number).style);
-        if (!kind)
-            return true;
-        auto const rows = panel_kind(kind->prefix)->rows;
-        return std::find(rows.begin(), rows.end(), row) == rows.end();
+        auto const* const kind = field(number).kind();
+        return !kind || !has_row(*kind, row);
     });
     return numbers;
 }
@@ -264,7 +246,7 @@ void show_common_rows(std::vector<int> const& numbers) {
     auto* const keyboard = System::current().focused();
     hide_pro();
     fill_common_values(numbers); // first: what "Linkitys" says decides how "Linkki" looks
-    lay_out_rows(common_rows(Counts(numbers)));
+    lay_out_rows(common_rows(kinds_of(numbers)));
     fEditor->proPic.Visible = true;
     fEditor->focusTimer.Enabled = true;
     give_keyboard_back(keyboard);
@@ -327,7 +309,7 @@ void set_pro() {
     fCard->focus(0).Visible = false;
     auto const free = freedom_of(numbers);
     UpdateCommandState(Code::keep, Code::on, code(free.rows), code(free.columns),
-                       code(Counts(numbers).titles_only()), Code::keep);
+                       code(titles_only(kinds_of(numbers))), Code::keep);
     if (fEditor->stsBar.Visible)
         upd_sts();
 }

@@ -150,14 +150,14 @@ void Form_DragDrop(Control& source, double x, double y) {
 void cmd_field_add_Click() {
     if (!fEditor->cmd_fldBar.Checked)
         cmd_fldBar_Click();
-    MsgBox(lines({" Lisää kenttä kortille raahaamalla sen kuvake ",
-                  " kenttälistalta hiirellä haluamaasi paikkaan kortilla.     ", "",
-                  "          Kenttävaihtoehdot", "", "           ·  Otsikko",
-                  "           ·  Tekstikenttä", "           ·  Vieritettävä tekstikenttä",
-                  "           ·  Valintakenttä", "           ·  Vaihtoehtokenttä",
-                  "           ·  Alasvetovalikko", "           ·  Kuvakenttä",
-                  "           ·  Tiedostolista", ""}),
-           box::information, " Kentän lisääminen");
+    auto text = lines({" Lisää kenttä kortille raahaamalla sen kuvake ",
+                       " kenttälistalta hiirellä haluamaasi paikkaan kortilla.     ", "",
+                       "          Kenttävaihtoehdot", "", ""});
+    for (auto const& kind : kinds)
+        text += lines(
+            {"           ·  " + UCase(kind.name.substr(0, 1)) + std::string(kind.name.substr(1)),
+             ""});
+    MsgBox(text, box::information, " Kentän lisääminen");
 }
 
 void cmd_field_del_Click() {

@@ -67,7 +67,7 @@ bool is_all_selected() {
 /// A field that is dragged by its own object.
 int first_text_field() {
     int number = 1;
-    while (field(number).style != static_cast<int>(Style::TXT))
+    while (!field(number).is(Style::TXT))
         ++number;
     return number;
 }
@@ -100,8 +100,7 @@ void objects_frames_and_lines_of_300_fields(benchmark::State& state) {
         step = (step + 1) % 20;
         for (int i = 1; i <= card.fields; ++i) {
             auto const& one = field(i);
-            fCard->visual(static_cast<Style>(static_cast<int>(one.style)), i)
-                .Move(one.left + step, one.top + step);
+            fCard->visual(one.kind()->style, i).Move(one.left + step, one.top + step);
             fCard->focus(i).Move(one.left + step, one.top + step);
         }
         for (auto* const control : fCard->controls())

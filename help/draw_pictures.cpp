@@ -62,7 +62,7 @@ class Session {
     /// Selects the first field of a kind that comes after `skipped` others; its number.
     int select(Style style, int skipped = 0) {
         int number = 1;
-        while (field(number).style != static_cast<int>(style) || skipped-- > 0)
+        while (!field(number).is(style) || skipped-- > 0)
             ++number;
         fEditor->cmb_field.ListIndex = number;
         settle();

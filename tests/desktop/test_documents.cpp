@@ -86,7 +86,7 @@ TEST_F(Documents, ClickingACheckBoxOnTheCardLeavesItsTick) {
     start(QStringLiteral("examples/asiakkaat.krt"));
     for (int i = 1; i <= card.fields; ++i) {
         auto const& one = field(i);
-        if (one.style != int(Style::CHK))
+        if (!one.is(Style::CHK))
             continue;
         auto const before = fCard->chk(i).Value.get();
         QTest::mouseClick(canvas(), Qt::LeftButton, {}, QPoint(one.left + 8, one.top + 8));

@@ -46,7 +46,7 @@ TEST_P(Example, StandsInItsWindowAsTheRecordsSay) {
     int looked_at = 0;
     for (int i = 1; i <= card.fields; ++i) {
         auto const& one = field(i);
-        bool const is_box = one.style == int(Style::TXT) || one.style == int(Style::STX);
+        bool const is_box = one.is(Style::TXT) || one.is(Style::STX);
         auto const point = bare_point(one);
         if (!is_box || !one.value.is_blank() || one.width < 80 || !picture.rect().contains(point))
             continue;
@@ -71,7 +71,7 @@ TEST_F(RealProgram, PicturesOfTheFamilyRegisterAreLoaded) {
     EXPECT_FALSE(fCard->Picture.get().empty());
     int pictures = 0;
     for (int i = 1; i <= card.fields; ++i)
-        if (field(i).style == int(Style::IMG))
+        if (field(i).is(Style::IMG))
             pictures += fCard->img(i).Picture.get().empty() ? 0 : 1;
     EXPECT_EQ(pictures, 4);
 }

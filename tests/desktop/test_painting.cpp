@@ -63,7 +63,7 @@ class Painting : public MouseProgram, public testing::WithParamInterface<char co
     int any_field() { return any(1, card.fields); }
     Control& any_object() {
         int const number = any_field();
-        return fCard->visual(static_cast<Style>(int{field(number).style}), number);
+        return fCard->visual(field(number).kind()->style, number);
     }
 
     void do_anything() {
@@ -171,7 +171,7 @@ class Painted : public MouseProgram {
     }
     Control& first(Style style) {
         for (int i = 1; i <= card.fields; ++i)
-            if (field(i).style == static_cast<int>(style))
+            if (field(i).is(style))
                 return fCard->visual(style, i);
         ADD_FAILURE();
         return *fCard;
@@ -189,7 +189,7 @@ TEST_F(Painted, ATextKeepsItsFeetInALowField) {
         int const whole = ink_of(object);
         EXPECT_GT(whole, 7);
         object.Height = 14;
-        EXPECT_EQ(ink_of(object), whole) << static_cast<int>(style);
+        EXPECT_EQ(ink_of(object), whole) << code_of(style);
     }
 }
 

@@ -19,7 +19,7 @@ TEST_F(Panel, EveryButtonOfTheFieldBarDropsItsKind) {
         auto const drag_of_it = drag_from_bar(button);
         ASSERT_TRUE(drop(*drag_of_it->mimeData(), *canvas(), free)) << button;
         int const added = card.fields;
-        EXPECT_EQ(field(added).style, static_cast<int>(style)) << button;
+        EXPECT_TRUE(field(added).is(style)) << button;
         EXPECT_EQ(place_of(added).topLeft(), free - QPoint(5, 5)) << button;
         EXPECT_EQ(selected(), QList{added}) << button;
         // The outline has shown where it comes to stand.

@@ -12,7 +12,7 @@ class Rows : public MouseProgram {
     QLineEdit& open_row(char const* name) {
         start(QStringLiteral("examples/asiakkaat.krt"));
         click(middle_of(5));
-        EXPECT_EQ(field(5).style, static_cast<int>(Style::TXT));
+        EXPECT_TRUE(field(5).is(Style::TXT));
         EXPECT_TRUE(soon([&] { return !host->timers().isAnyShorterThan(100); }));
         return take_keyboard(name);
     }

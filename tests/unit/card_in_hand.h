@@ -17,7 +17,7 @@ inline Field& add_field(CardData& data, Style style, int left, int top, int widt
     data.fields.resize(static_cast<std::size_t>(int{data.card.fields}) + 1);
     auto& one = data.field(data.card.fields);
     one = Field{};
-    one.style = static_cast<int>(style);
+    one.style = code_of(style);
     one.caption = caption;
     for (auto* const text : {&one.group, &one.caption})
         text->trim();

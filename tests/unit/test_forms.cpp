@@ -158,9 +158,10 @@ class Forms : public FreshSession {
         card.picture = "";
         card.width = 600;
         card.height = 400;
-        for (int style = 0; style < 8; ++style)
-            add_field(static_cast<Style>(style), 20 + 10 * style, 20 + 30 * style, 100, 20,
-                      "Otsikko");
+        for (auto const& kind : kinds) {
+            int const place = code_of(kind.style);
+            add_field(kind.style, 20 + 10 * place, 20 + 30 * place, 100, 20, "Otsikko");
+        }
         ASSERT_TRUE(load_card());
     }
 
@@ -203,7 +204,7 @@ TEST_F(Forms, TheMainWindowWithEveryKindOfRows) {
             }
         }
     }
-    fEditor->cmb_field.ListIndex = 5;
+    fEditor->cmb_field.ListIndex = static_cast<int>(kind_index(Style::CMB)) + 1;
     input::focus(fEditor->txt_list);
     input::click(fEditor->cmd_list);
     check_main("list editor");

@@ -124,7 +124,7 @@ TEST_F(Layout, DensitySortsTheRecordsAndLeavesTheRoles) {
     build();
     fCard->Move(600, 450);
     cmd_expand_Click(); // the first two stand side by side: -20 + 2
-    EXPECT_EQ(field(2).style, static_cast<int>(Style::CHK));
+    EXPECT_TRUE(field(2).is(Style::CHK));
     expect_tops({30, 36, 38});
     EXPECT_EQ(card.fldSpeci[3], 1);
     EXPECT_EQ(fCard->Left, 600);

@@ -56,7 +56,7 @@ class Moving : public FreshSession {
     }
     /// To the right and down. Drop-downs are taken by their corner, others away from their edges.
     static void drag(double x, double y) {
-        bool const by_corner = field(1).style == static_cast<int>(Style::CMB);
+        bool const by_corner = field(1).is(Style::CMB);
         double const from_x = by_corner ? 0 : 30;
         double const from_y = by_corner ? 0 : 8;
         press(from_x, from_y);
@@ -83,7 +83,7 @@ TEST_F(Moving, EachKindHasItsOwnZonesForAPress) {
     for (auto const [style, near, far] :
          {Zones{CHK, 5, 5}, Zones{OPT, 5, 5}, Zones{OTS, 4, 4}, Zones{TXT, 4, 8}, Zones{STX, 4, 8},
           Zones{LST, 4, 8}, Zones{IMG, 4, 4}}) {
-        SCOPED_TRACE(static_cast<int>(style));
+        SCOPED_TRACE(code_of(style));
         show(style);
         double const right = width - far;
         double const bottom = height - far;
@@ -127,7 +127,7 @@ TEST_F(Moving, EachKindHasItsOwnZonesForThePointer) {
     using enum Style;
     for (auto const [style, side] : {Zones{CHK, 4}, Zones{OPT, 4}, Zones{OTS, 4}, Zones{TXT, 8},
                                      Zones{STX, 8}, Zones{LST, 8}, Zones{IMG, 4}}) {
-        SCOPED_TRACE(static_cast<int>(style));
+        SCOPED_TRACE(code_of(style));
         show(style);
         EXPECT_EQ(pointer(30, 20), 0);
         EXPECT_EQ(pointer(3, 20), 9);
@@ -157,7 +157,7 @@ TEST_F(Moving, EachKindHasItsOwnSmallestSize) {
     for (auto const [style, size] :
          {Smallest{CHK, 14}, Smallest{OPT, 14}, Smallest{OTS, 2}, Smallest{TXT, 2},
           Smallest{STX, 2}, Smallest{LST, 2}, Smallest{IMG, 2}}) {
-        SCOPED_TRACE(static_cast<int>(style));
+        SCOPED_TRACE(code_of(style));
         show(style);
         press(width - 1, 20);
         move(size, 20);
@@ -280,7 +280,7 @@ TEST_F(Moving, AFieldAtTheEndOfTheNumberRangeGoesNoFurther) {
     for (auto const style : {Style::OTS, Style::CMB})
         for (int const end : {-32768, 32767})
             for (bool const across : {true, false}) {
-                SCOPED_TRACE(testing::Message() << static_cast<int>(style) << " at " << end);
+                SCOPED_TRACE(testing::Message() << code_of(style) << " at " << end);
                 show(style);
                 auto& place = across ? field(1).left : field(1).top;
                 place = end;

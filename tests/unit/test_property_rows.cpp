@@ -17,9 +17,6 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr std::array all_styles = {Style::OTS, Style::TXT, Style::CHK, Style::OPT,
-                                   Style::CMB, Style::IMG, Style::LST, Style::STX};
-
 } // namespace
 
 class PropertyRows : public FreshSession {
@@ -31,10 +28,11 @@ class PropertyRows : public FreshSession {
         card.width = 600;
         card.height = 400;
     }
-    /// One field of each kind in the order of `all_styles`, from number 1 on.
+    /// One field of each kind in the order of `kinds`, from number 1 on.
     void show_all_kinds() {
         card.fields = 0;
-        for (auto const style : all_styles) {
+        for (auto const& kind : kinds) {
+            auto const style = kind.style;
             auto& one = add_field(style, 10 + 70 * int{card.fields}, 20, 60, 40, "A");
             one.list = style == Style::CMB ? "Yksi|Kaksi|" : "";
             one.value = style == Style::CMB ? "0" : "";
@@ -42,6 +40,8 @@ class PropertyRows : public FreshSession {
         ASSERT_TRUE(load_card());
         show_card_bars();
     }
+    /// Of the field of a kind behind show_all_kinds.
+    static int number_of(Style style) { return static_cast<int>(kind_index(style)) + 1; }
     static void select_all() {
         for (int i = 1; i <= card.fields; ++i)
             fCard->focus(i).Visible = true;
@@ -74,8 +74,8 @@ class PropertyRows : public FreshSession {
 TEST_F(PropertyRows, EveryKindFollowsPlaceAndSizeWithItsFrame) {
     show_all_kinds();
     for (int i = 1; i <= card.fields; ++i) {
-        auto const style = all_styles[static_cast<std::size_t>(i) - 1];
-        SCOPED_TRACE(static_cast<int>(style));
+        auto const style = kinds[static_cast<std::size_t>(i) - 1].style;
+        SCOPED_TRACE(code_of(style));
         fEditor->cmb_field.ListIndex = i;
         put(Row::left, "31");
         put(Row::top, "32");
@@ -102,8 +102,8 @@ TEST_F(PropertyRows, EveryKindTakesALookAndRemembersItForItself) {
     for (auto& look : default_looks)
         look = {};
     for (int i = 1; i <= card.fields; ++i) {
-        auto const style = all_styles[static_cast<std::size_t>(i) - 1];
-        SCOPED_TRACE(static_cast<int>(style));
+        auto const style = kinds[static_cast<std::size_t>(i) - 1].style;
+        SCOPED_TRACE(code_of(style));
         fEditor->cmb_field.ListIndex = i;
         EXPECT_EQ(default_look(style).fontName, "");
         put(Row::font_name, "TAHOMA");
@@ -151,8 +151,7 @@ TEST_F(PropertyRows, EveryLetterJumpsToItsWordAndSelectsIt) {
           Letters{Row::border, IMG, "Ee", "Ei kehystä"},
           Letters{Row::border, IMG, "Nn", "Näytä kehys"}, Letters{Row::value, CHK, "Vv", "Valittu"},
           Letters{Row::value, OPT, "Ee", "Ei valittu"}}) {
-        auto const place = std::find(all_styles.begin(), all_styles.end(), style);
-        fEditor->cmb_field.ListIndex = static_cast<int>(place - all_styles.begin()) + 1;
+        fEditor->cmb_field.ListIndex = number_of(style);
         auto& editor = editor_of(row);
         for (char const letter : letters) {
             put(row, "x");
@@ -214,7 +213,7 @@ TEST_F(PropertyRows, TypedCharactersOutsideTheCodePageDoNoHarm) {
 
 TEST_F(PropertyRows, AnItemOfAMegabyteFillsItsRecordAndNothingElse) {
     show_all_kinds();
-    int const number = 5;
+    int const number = number_of(Style::CMB);
     fEditor->cmb_field.ListIndex = number;
     input::focus(fEditor->txt_list);
     input::click(fEditor->cmd_list);
@@ -236,12 +235,13 @@ TEST_F(PropertyRows, APathLongerThanItsRecordIsNotHalfTaken) {
     host.answers = {scenario::FileAnswer{path}, Answer::ok};
     input::click(fEditor->cmd_picture);
     EXPECT_EQ(card.picture.trimmed(), fCard->Picture.get().name());
-    fEditor->cmb_field.ListIndex = 6;
+    int const image = number_of(Style::IMG);
+    fEditor->cmb_field.ListIndex = image;
     input::focus(fEditor->txt_imgfile);
     host.answers = {scenario::FileAnswer{std::string(500, 'k')}, Answer::ok};
     input::click(fEditor->cmd_imgfile);
-    EXPECT_EQ(field(6).list.trimmed(), "");
-    EXPECT_TRUE(fCard->img(6).Picture.get().empty());
+    EXPECT_EQ(field(image).list.trimmed(), "");
+    EXPECT_TRUE(fCard->img(image).Picture.get().empty());
 }
 
 TEST_F(PropertyRows, AListStandsBesideItsRow) {
@@ -295,10 +295,9 @@ TEST_F(PropertyRows, TheListEditorWritesToAllSelectedFields) {
     int drop_down = 0;
     int files = 0;
     for (int i = 1; i <= card.fields; ++i) {
-        drop_down = field(i).style == int(Style::CMB) ? i : drop_down;
-        files = field(i).style == int(Style::LST) ? i : files;
-        fCard->focus(i).Visible =
-            field(i).style == int(Style::CMB) || field(i).style == int(Style::LST);
+        drop_down = field(i).is(Style::CMB) ? i : drop_down;
+        files = field(i).is(Style::LST) ? i : files;
+        fCard->focus(i).Visible = field(i).is(Style::CMB) || field(i).is(Style::LST);
     }
     set_pro();
     fEditor->lst_list.Clear();

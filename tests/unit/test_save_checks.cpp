@@ -18,9 +18,7 @@ class SaveChecks : public FreshSession {
                 red += visual(i).BackColor == colours::red ? std::to_string(i) + " " : "";
         };
     }
-    TextControl& visual(int number) {
-        return fCard->visual(kind_of(field(number).style)->style, number);
-    }
+    TextControl& visual(int number) { return fCard->visual(field(number).kind()->style, number); }
     std::string captions() {
         std::string all;
         for (int i = 1; i <= card.fields; ++i)

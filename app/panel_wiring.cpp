@@ -55,7 +55,7 @@ void wire_words() {
             list.Click = [row] { word_list_Click(row); };
             list.LostFocus = [row] { word_list_LostFocus(row); };
         }
-        if (row == Row::font_name || row == Row::font_size || row == Row::link)
+        if (one.value.words.empty() && row != Row::value)
             continue;
         editor.KeyPress = [row](int, char32_t& key) { word_KeyPress(row, key); };
         editor.DblClick = [row] { word_DblClick(row); };

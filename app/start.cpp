@@ -37,12 +37,6 @@ enum class Step {
     timers = 13,
 };
 
-void fill(ListBox& list, std::initializer_list<std::string_view> words) {
-    list.Clear();
-    for (auto const word : words)
-        list.AddItem(word);
-}
-
 void fill_lists() {
     auto& form = *fEditor;
     form.lst_fontName.Clear();
@@ -51,11 +45,12 @@ void fill_lists() {
     form.lst_fontSize.Clear();
     for (int size = limits::smallest_font; size <= limits::largest_listed_font; ++size)
         form.lst_fontSize.AddItem(std::to_string(size));
-    fill(form.lst_boolean, {"Kyllä", "Ei"});
-    fill(form.lst_align, {"Vasemmalle", "Oikealle", "Keskelle"});
-    fill(form.lst_scale, {"Ei skaalausta", "Venytetty", "Kehys kuvaan", "Sovitettu"});
-    fill(form.lst_border, {"Ei kehystä", "Näytä kehys"});
-    fill(form.lst_linkitys, {"Automaattinen", "Manuaalinen"});
+    for (auto const& row : panel_rows())
+        if (!row.value.words.empty()) {
+            list_of(row.row).Clear();
+            for (auto const& word : row.value.words)
+                list_of(row.row).AddItem(word.text);
+        }
 }
 
 void read_screen() {

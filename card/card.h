@@ -78,6 +78,7 @@ namespace limits {
 inline constexpr int fields = 300; // checked on reading only
 inline constexpr int smallest_card = 60;
 inline constexpr int largest_card = 3000;
+inline constexpr int largest_field = 3000; // pixels each way
 inline constexpr int smallest_font = 4;
 inline constexpr int largest_font = 32;
 inline constexpr int largest_listed_font = 30;

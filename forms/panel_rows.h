@@ -1,8 +1,9 @@
-// The property panel as one table: the rows with all their controls, and which rows stand for what.
-// Layout, filling and editing read it.
+// The property panel as one table: the rows with their controls, with what they show of a field and
+// what they take, and which rows stand for what. Layout, filling and editing read it.
 #pragma once
 
 #include "forms/editor_form.h"
+#include "model/card.h"
 
 #include <span>
 #include <string_view>
@@ -42,6 +43,53 @@ enum class Row {
 /// What gives way when the rows' scroll bar takes room at their right end.
 enum class Fit { nothing, editor, button, editor_and_button };
 
+/// A word that a row can say, and the letters that jump to it: Finnish and English initials alike.
+struct Word {
+    std::string_view text;
+    std::string_view letters;
+};
+using Words = std::span<Word const>;
+
+inline constexpr Word boolean_words[] = {{"Kyllä", "KkYy"}, {"Ei", "EeNn"}};
+inline constexpr Word align_words[] = {
+    {"Vasemmalle", "LlVv"}, {"Oikealle", "OoRr"}, {"Keskelle", "CcKk"}};
+inline constexpr Word scaling_words[] = {
+    {"Ei skaalausta", "Ee"}, {"Venytetty", "Vv"}, {"Kehys kuvaan", "Kk"}, {"Sovitettu", "Ss"}};
+inline constexpr Word border_words[] = {{"Ei kehystä", "Ee"}, {"Näytä kehys", "Nn"}};
+inline constexpr Word link_mode_words[] = {{"Automaattinen", ""}, {"Manuaalinen", ""}};
+/// Of "Alkuarvo" where it speaks of check and option fields.
+inline constexpr Word mark_words[] = {{"Ei valittu", "Ee"}, {"Valittu", "Vv"}};
+
+/// The numbers that a row takes.
+struct Range {
+    double lowest = 0;
+    double highest = 0;
+    Integer Card::*side = nullptr; ///< the side of the open card that ends the range instead
+
+    bool holds(double number) const {
+        return number >= lowest && number <= (side ? double(card.*side) : highest);
+    }
+};
+
+/// Whether a row's change can move links.
+enum class Links { keep, renew };
+
+/// What a row shows of a field, how it is compared over several, and what can be typed.
+struct RowValue {
+    std::string_view key = {}; ///< by which all_same knows it; rows without compare their texts
+    Integer Field::*number = nullptr;
+    Colour Field::*colour = nullptr;
+    std::string (*text)(Field const&) = nullptr; ///< to compare; shown by panel/row_texts
+    int (*word)(Field const&) = nullptr;         ///< the place of its word in `words`
+    Words words = {};
+    std::string_view tag = {}; ///< of the rows that share the list of yes and no
+    /// What can be typed and what can be left standing differ: a place of 0 is taken while typing,
+    /// and a size above 18000 is taken but shown again.
+    Range typed = {};
+    Range left_standing = {};
+    Links links = Links::keep;
+};
+
 /// A row: its editor, and what else it has. Button or scroll bar show only while the row has the
 /// keyboard.
 struct PanelRow {
@@ -54,6 +102,7 @@ struct PanelRow {
     ScrollBar EditorForm::*scroll = nullptr;
     ListBox EditorForm::*list = nullptr; ///< words to choose from
     PictureBox EditorForm::*swatch = nullptr;
+    RowValue value = {};
 };
 
 /// All rows, in ascending number.

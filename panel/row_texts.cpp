@@ -2,31 +2,16 @@
 
 #include "platform/files.h"
 
-#include <algorithm>
-#include <array>
+#include <iterator>
 
 namespace kehystin {
 
 namespace {
 
-std::string word(std::span<std::string_view const> words, int number) {
-    bool const known = number >= 0 && number < std::ssize(words);
-    return known ? std::string(words[static_cast<std::size_t>(number)]) : std::string();
-}
-
-std::string align_word(int align) {
-    return align == 2 ? "Keskelle" : align == 1 ? "Oikealle" : "Vasemmalle";
-}
-
-std::string scaling_word(int scaling) {
-    constexpr std::array<std::string_view, 4> words = {"Ei skaalausta", "Venytetty", "Kehys kuvaan",
-                                                       "Sovitettu"};
-    return word(words, scaling);
-}
-
-std::string border_word(int border) {
-    constexpr std::array<std::string_view, 2> words = {"Ei kehystä", "Näytä kehys"};
-    return word(words, border);
+/// The word of a row at a place, nothing where it has none.
+std::string word(Words words, int place) {
+    bool const known = place >= 0 && place < std::ssize(words);
+    return known ? std::string(words[static_cast<std::size_t>(place)].text) : std::string();
 }
 
 /// The item that the value of a drop-down names. Digits that name none are shown as they are.
@@ -41,7 +26,7 @@ std::string chosen_item(Field& one) {
 
 std::string value_text(Field& one) {
     if (one.holds(Value::mark))
-        return Val(one.value.trim()) != 0 ? "Valittu" : "Ei valittu";
+        return word(mark_words, Val(one.value.trim()) != 0 ? 1 : 0);
     return one.holds(Value::choice) ? chosen_item(one) : one.value.trim();
 }
 
@@ -70,8 +55,8 @@ void fill_value_list(Field& one) {
     auto& list = fEditor->lst_value;
     list.Clear();
     if (one.holds(Value::mark)) {
-        list.AddItem("Ei valittu");
-        list.AddItem("Valittu");
+        for (auto const& mark : mark_words)
+            list.AddItem(mark.text);
         return;
     }
     if (!one.holds(Value::choice))
@@ -120,7 +105,7 @@ std::optional<bool> boolean_word(std::string_view text) {
 }
 
 std::optional<int> word_number(Row row, std::string_view text) {
-    if (is_boolean(row)) {
+    if (!panel_row(row).value.tag.empty()) {
         auto const yes = boolean_word(text);
         return yes ? std::optional(*yes ? 0 : 1) : std::nullopt;
     }
@@ -132,108 +117,51 @@ std::optional<int> word_number(Row row, std::string_view text) {
     return std::nullopt;
 }
 
-bool is_boolean(Row row) {
-    return row == Row::bold || row == Row::italic || row == Row::transparent ||
-           row == Row::linkable;
-}
-
 std::string_view yes_no(bool yes) {
-    return yes ? "Kyllä" : "Ei";
+    return boolean_words[yes ? 0 : 1].text;
 }
 
 std::string row_text(Row row, Field& one) {
     switch (row) {
     case Row::caption:
         return one.caption.trim();
-    case Row::size:
-        return Format(one.size);
     case Row::list:
         return first_item(one);
     case Row::font_name:
         return one.fontName.trim();
-    case Row::font_size:
-        return Format(one.fontSize);
-    case Row::bold:
-        return std::string(yes_no(one.fontBold != 0));
-    case Row::italic:
-        return std::string(yes_no(one.fontItalic != 0));
-    case Row::left:
-        return Format(one.left);
-    case Row::top:
-        return Format(one.top);
-    case Row::width:
-        return Format(one.width);
-    case Row::height:
-        return Format(one.height);
     case Row::value:
         return value_text(one);
-    case Row::linkable:
-        return std::string(yes_no(!one.is_nolink()));
-    case Row::tab_index:
-        return Format(one.tabIndex);
-    case Row::align:
-        return align_word(one.align);
-    case Row::scaling:
-        return scaling_word(one.scaling);
     case Row::image_file:
         return image_file_text(one);
-    case Row::border:
-        return border_word(one.border);
-    case Row::link_mode:
-        return one.linkitys ? "Manuaalinen" : "Automaattinen";
     case Row::link:
         return link_text(one);
-    case Row::none:
-    case Row::fore_color:
-    case Row::back_color:
-    case Row::name:
-    case Row::transparent:
-    case Row::picture:
-        return {};
-    }
-    return {};
-}
-
-void fill_row_scroll_bar(Row row, Field& one) {
-    auto const scroll = panel_row(row).scroll;
-    if (!scroll)
-        return;
-    auto& bar = (*fEditor).*scroll;
-    switch (row) {
-    case Row::size:
-        return fill_scroll_bar(bar, one.size);
-    case Row::left:
-        return fill_scroll_bar(bar, one.left);
-    case Row::top:
-        return fill_scroll_bar(bar, one.top);
-    case Row::width:
-        return fill_scroll_bar(bar, one.width);
-    case Row::height:
-        return fill_scroll_bar(bar, one.height);
     default:
-        return;
+        break;
     }
+    auto const& value = panel_row(row).value;
+    if (value.word)
+        return word(value.words, value.word(one));
+    return value.number ? Format(one.*value.number) : std::string();
 }
 
-void fill_row(Row row, Field& one) {
-    auto& form = *fEditor;
-    switch (row) {
-    case Row::fore_color:
-        form.FC.BackColor = one.foreColor;
+void fill_row_scroll_bar(Row number, Field const& one) {
+    auto const& row = panel_row(number);
+    if (row.scroll)
+        fill_scroll_bar((*fEditor).*row.scroll, one.*row.value.number);
+}
+
+void fill_row(Row number, Field& one) {
+    auto const& row = panel_row(number);
+    if (row.value.colour) {
+        ((*fEditor).*row.swatch).BackColor = one.*row.value.colour;
         return;
-    case Row::back_color:
-        form.BC.BackColor = one.backColor;
-        return;
-    case Row::value:
+    }
+    if (number == Row::value)
         fill_value_list(one);
-        break;
-    case Row::list:
+    else if (number == Row::list)
         fill_list_editor(one);
-        break;
-    default:
-        fill_row_scroll_bar(row, one);
-    }
-    (form.*panel_row(row).editor).Text = row_text(row, one);
+    fill_row_scroll_bar(number, one);
+    editor_of(number).Text = row_text(number, one);
 }
 
 void show_picture_text(std::string text) {

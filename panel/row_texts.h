@@ -21,7 +21,7 @@ std::string row_text(Row row, Field& one);
 void fill_row(Row row, Field& one);
 
 /// Sets the scroll bar of a row that has one, likewise.
-void fill_row_scroll_bar(Row row, Field& one);
+void fill_row_scroll_bar(Row row, Field const& one);
 
 /// Shows the text of "Taustakuva"; its Tag keeps it against typing. Inside a PanelUpdate, likewise.
 void show_picture_text(std::string text);
@@ -43,8 +43,6 @@ std::string list_button_picture(Button const& button);
 std::optional<bool> boolean_word(std::string_view text);
 /// The place of a word in the list of a row, in any case and with blanks around.
 std::optional<int> word_number(Row row, std::string_view text);
-/// True for the rows that share the list of yes and no.
-bool is_boolean(Row row);
 
 /// "Kyllä" or "Ei".
 std::string_view yes_no(bool yes);

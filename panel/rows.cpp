@@ -15,7 +15,6 @@ namespace {
 constexpr double first_row_top = 30; // twips; the strips begin that much higher
 constexpr Colour caption_strip = RGB(253, 253, 240);
 constexpr Colour disabled_strip = RGB(222, 222, 222);
-constexpr std::string_view manual_link = "Manuaalinen";
 
 void hide_row(PanelRow const& row) {
     fEditor->labProp(static_cast<int>(row.row)).Visible = false;
@@ -70,22 +69,6 @@ void paint_strips() {
 
 namespace {
 
-/// Four rows share the list of yes and no, which knows by its Tag whom it serves.
-std::string_view boolean_tag(Row row) {
-    switch (row) {
-    case Row::bold:
-        return "BOLD";
-    case Row::italic:
-        return "ITALIC";
-    case Row::transparent:
-        return "TRANSP";
-    case Row::linkable:
-        return "LINK";
-    default:
-        return {};
-    }
-}
-
 /// A row that is scrolled out of sight comes back when it gets the keyboard.
 void scroll_into_view(PanelRow const& row) {
     auto& bar = fEditor->scr_pro;
@@ -122,8 +105,8 @@ void prepare_list(PanelRow const& row) {
     list.Left = fEditor->proPic.Left + editor.Left;
     list.Width = editor.Width + (row.row == Row::link ? 0 : wider);
     place_pop_up(list, row.row, std::clamp(list.ListCount(), 1, most_items) * item_height + 60);
-    if (auto const tag = boolean_tag(row.row); !tag.empty())
-        list.Tag = std::string(tag);
+    if (!row.value.tag.empty())
+        list.Tag = std::string(row.value.tag); // tells the shared list whom it serves
     if (row.row == Row::link_mode)
         list.ListIndex.show(contains(UCase(editor.Text.get()), "AUTO") ? 0 : 1);
     else if (row.row == Row::value && list.find_item(editor.Text.get()) >= 0)
@@ -154,7 +137,7 @@ void lay_out_rows(std::span<Row const> rows) {
     order_tabs(rows);
     form.proPic.Height = top + row_height;
     if (has_link_row)
-        show_link_mode(form.txt_linkitys.Text.get() == manual_link);
+        show_link_mode(form.txt_linkitys.Text.get() == link_mode_words[1].text);
     else
         paint_strips();
     bool const need_scrolling = form.proPic.Height > form.proBot.Height;

@@ -10,7 +10,7 @@
 #include "platform/system.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -18,47 +18,12 @@ namespace kehystin {
 
 namespace {
 
-/// A property that can be compared over a selection: as a number or as a text.
-struct Comparable {
-    std::string_view key;
-    Row row;
-    int (*number)(Field const&) = nullptr;
-    std::string (*text)(Field const&) = nullptr;
-};
-
-template <auto Member>
-int number_of(Field const& one) {
-    return one.*Member;
-}
-
-template <auto Member>
-std::string text_of(Field const& one) {
-    return (one.*Member).trimmed();
-}
-
-constexpr std::array comparables = {
-    Comparable{"CAPTION", Row::caption, nullptr, text_of<&Field::caption>},
-    Comparable{"ALIGN", Row::align, number_of<&Field::align>},
-    Comparable{"LEFT", Row::left, number_of<&Field::left>},
-    Comparable{"TOP", Row::top, number_of<&Field::top>},
-    Comparable{"WIDTH", Row::width, number_of<&Field::width>},
-    Comparable{"HEIGHT", Row::height, number_of<&Field::height>},
-    Comparable{"FONTNAME", Row::font_name, nullptr, text_of<&Field::fontName>},
-    Comparable{"FONTSIZE", Row::font_size, number_of<&Field::fontSize>},
-    Comparable{"FONTBOLD", Row::bold, number_of<&Field::fontBold>},
-    Comparable{"FONTITALIC", Row::italic, number_of<&Field::fontItalic>},
-    Comparable{"FORECOLOR", Row::fore_color, number_of<&Field::foreColor>},
-    Comparable{"BACKCOLOR", Row::back_color, number_of<&Field::backColor>},
-    Comparable{"IMGFILE", Row::image_file, nullptr, text_of<&Field::list>},
-    Comparable{"SCALING", Row::scaling, number_of<&Field::scaling>},
-    Comparable{"BORDER", Row::border, number_of<&Field::border>},
-    Comparable{"LINKITYS", Row::link_mode,
-               [](Field const& one) -> int { return one.linkitys.number(); }},
-    Comparable{"LINKKI", Row::link, number_of<&Field::linkki>},
-};
-
-/// Rows that several fields can show but that no key compares: they agree when their texts do.
-constexpr Row rows_without_key[] = {Row::size, Row::list, Row::value, Row::linkable};
+/// The rows that several fields can show, top to bottom.
+constexpr Row shared_rows[] = {
+    Row::caption,  Row::align,     Row::size,       Row::list,       Row::font_name, Row::font_size,
+    Row::bold,     Row::italic,    Row::back_color, Row::fore_color, Row::left,      Row::top,
+    Row::width,    Row::height,    Row::value,      Row::image_file, Row::scaling,   Row::border,
+    Row::linkable, Row::link_mode, Row::link};
 
 /// A value that is `unseen` itself counts as not seen yet, as in every walk over the selection.
 template <class T, class Get>
@@ -74,17 +39,18 @@ bool agree(std::vector<int> const& numbers, T unseen, Get const& get) {
     return true;
 }
 
-bool agree_on(Comparable const& property, std::vector<int> const& numbers) {
-    return property.number ? agree(numbers, -333, property.number)
-                           : agree(numbers, std::string("StartValue"), property.text);
+bool agree_on(RowValue const& value, std::vector<int> const& numbers) {
+    if (value.text)
+        return agree(numbers, std::string("StartValue"), value.text);
+    return agree(numbers, -333, [&](Field const& one) -> int {
+        return value.word     ? value.word(one)
+               : value.colour ? one.*value.colour
+                              : int{one.*value.number};
+    });
 }
 
-/// The property that a row shows; null for a row without a key.
-Comparable const* comparable_of(Row row) {
-    for (auto const& property : comparables)
-        if (property.row == row)
-            return &property;
-    return nullptr;
+bool has_key(Row row) {
+    return !panel_row(row).value.key.empty();
 }
 
 /// The kinds of some fields, each once.
@@ -130,24 +96,18 @@ bool share_row(Kinds const& selected, Row row) {
 }
 
 std::vector<Row> common_rows(Kinds const& selected) {
-    using enum Row;
     std::vector<Row> rows;
-    for (auto const row : {caption, align,      size,       list,   font_name, font_size, bold,
-                           italic,  back_color, fore_color, left,   top,       width,     height,
-                           value,   image_file, scaling,    border, linkable,  link_mode, link})
-        if (share_row(selected, row))
-            rows.push_back(row);
+    std::copy_if(std::begin(shared_rows), std::end(shared_rows), std::back_inserter(rows),
+                 [&](Row row) { return share_row(selected, row); });
     return rows;
 }
 
-void show_difference(Row row) {
-    auto& form = *fEditor;
-    if (row == Row::fore_color)
-        form.FC.BackColor = colours::white;
-    else if (row == Row::back_color)
-        form.BC.BackColor = colours::white;
+void show_difference(Row number) {
+    auto const& row = panel_row(number);
+    if (row.swatch)
+        ((*fEditor).*row.swatch).BackColor = colours::white;
     else
-        (form.*panel_row(row).editor).Text = "";
+        editor_of(number).Text = "";
 }
 
 /// Those whose kind has the row: a row of several fields can stand beside a field that has it not.
@@ -162,12 +122,12 @@ std::vector<int> fields_with(Row row, std::vector<int> numbers) {
 /// The selected fields whose values a row compares: those of its key are all, other rows go by the
 /// fields that have them.
 std::vector<int> compared_fields(Row row, std::vector<int> const& numbers) {
-    return comparable_of(row) ? numbers : fields_with(row, numbers);
+    return has_key(row) ? numbers : fields_with(row, numbers);
 }
 
 bool agree_in(Row row, std::vector<int> const& compared) {
-    if (auto const* const property = comparable_of(row))
-        return agree_on(*property, compared);
+    if (has_key(row))
+        return agree_on(panel_row(row).value, compared);
     return agree(compared, std::string("StartValue"),
                  [row](Field& one) { return row_text(row, one); });
 }
@@ -175,7 +135,7 @@ bool agree_in(Row row, std::vector<int> const& compared) {
 void fill_common_row(Row row, std::vector<int> const& numbers) {
     auto const compared = compared_fields(row, numbers);
     bool const agreed = !compared.empty() && agree_in(row, compared);
-    if (agreed || (!comparable_of(row) && !compared.empty()))
+    if (agreed || (!has_key(row) && !compared.empty()))
         fill_row(row, field(compared.front())); // with the lists to choose from, in any case
     else if (row == Row::value)
         fEditor->lst_value.Clear();
@@ -187,9 +147,7 @@ void fill_common_row(Row row, std::vector<int> const& numbers) {
 
 void fill_common_values(std::vector<int> const& numbers) {
     PanelUpdate const filling;
-    for (auto const& property : comparables)
-        fill_common_row(property.row, numbers);
-    for (auto const row : rows_without_key)
+    for (auto const row : shared_rows)
         fill_common_row(row, numbers);
 }
 
@@ -264,10 +222,14 @@ Code code(bool on) {
 
 } // namespace
 
+bool all_same(Row row) {
+    return agree_in(row, compared_fields(row, selected_fields()));
+}
+
 bool all_same(std::string_view key) {
-    for (auto const& property : comparables)
-        if (property.key == key)
-            return agree_on(property, selected_fields());
+    for (auto const& row : panel_rows())
+        if (!key.empty() && row.value.key == key)
+            return all_same(row.row);
     return true;
 }
 

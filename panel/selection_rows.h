@@ -16,8 +16,9 @@ namespace kehystin {
 /// title commands titles alone.
 void set_pro();
 
-/// True when all selected fields have the same value of the property that the key names, such as
-/// "LEFT" or "FONTNAME"; also for an unknown key, and for less than two fields.
+/// True when the selected fields agree in a row; also for less than two.
+bool all_same(Row row);
+/// The same for the row of a key, such as "LEFT" or "FONTNAME"; also true for an unknown key.
 bool all_same(std::string_view key);
 
 /// Fills the rows that say something else of the selected fields than they would of the records as

@@ -8,9 +8,6 @@
 
 namespace kehystin {
 
-/// Whether a row's change can move links.
-enum class Links { keep, renew };
-
 /// Ends the change of a row: links where it needs them, and the card has changed.
 void finish_change(Links links);
 

@@ -11,57 +11,7 @@ namespace kehystin {
 
 namespace {
 
-struct Range {
-    double lowest;
-    double highest;
-    Integer Card::*side = nullptr; ///< the side of the card that ends the range instead
-
-    bool holds(double number) const {
-        return number >= lowest && number <= (side ? double(card.*side) : highest);
-    }
-};
-
-/// A row and what its number means in a field. What can be typed and what can be left standing
-/// differ: a place of 0 is taken while typing, and a size above 18000 is taken but shown again.
-struct NumberRow {
-    Row row;
-    Integer Field::*member;
-    Range typed;
-    Range left_standing;
-    Links links;
-};
-
-constexpr double largest_size_left_standing = 18000;
-constexpr double largest_card_left_standing = 6000; // pixels, as all below
-constexpr double largest_field_left_standing = 3000;
-
-constexpr Range across_card(double lowest) {
-    return {lowest, 0, &Card::width};
-}
-
-constexpr Range down_card(double lowest) {
-    return {lowest, 0, &Card::height};
-}
-
-// Changing the width alone makes no new links.
-constexpr NumberRow rows[] = {
-    {Row::size,
-     &Field::size,
-     {1, limits::largest_size},
-     {1, largest_size_left_standing},
-     Links::keep},
-    {Row::left, &Field::left, across_card(0), across_card(1), Links::renew},
-    {Row::top, &Field::top, down_card(0), down_card(1), Links::renew},
-    {Row::width, &Field::width, across_card(1), {1, largest_field_left_standing}, Links::keep},
-    {Row::height, &Field::height, down_card(1), {1, largest_field_left_standing}, Links::renew},
-};
-
-NumberRow const& number_row(Row row) {
-    for (auto const& one : rows)
-        if (one.row == row)
-            return one;
-    throw RuntimeError(ErrorNumber::subscript_out_of_range);
-}
+constexpr double largest_card_left_standing = 6000; // pixels
 
 ScrollBar& scroll_of(Row row) {
     return (*fEditor).*panel_row(row).scroll;
@@ -98,14 +48,15 @@ void change_card(Row row, double number) {
     finish_change(Links::keep);
 }
 
-void change_fields(NumberRow const& row, double number) {
-    if (!row.typed.holds(number))
+void change_fields(Row row, double number) {
+    auto const& value = panel_row(row).value;
+    if (!value.typed.holds(number))
         return;
     auto const stored = Integer(number);
-    show_in_scroll_bar(row.row, stored);
-    change_selected(row.links, [&](int i, Field& one) {
-        one.*row.member = stored;
-        if (row.row == Row::size)
+    show_in_scroll_bar(row, stored);
+    change_selected(value.links, [&](int i, Field& one) {
+        one.*value.number = stored;
+        if (row == Row::size)
             show_size_limit(i);
         else
             show_place(i);
@@ -120,14 +71,14 @@ void number_Change(Row row) {
     if (is_card_side(row))
         change_card(row, typed_number(row));
     else
-        change_fields(number_row(row), typed_number(row));
+        change_fields(row, typed_number(row));
 }
 
 void number_LostFocus(Row row) {
     if (session.pro_updating || keyboard_stays_in(row))
         return;
     constexpr Range card_range = {limits::smallest_card, largest_card_left_standing};
-    auto const& range = is_card_side(row) ? card_range : number_row(row).left_standing;
+    auto const& range = is_card_side(row) ? card_range : panel_row(row).value.left_standing;
     if (!range.holds(typed_number(row)))
         reload_rows();
 }
@@ -146,7 +97,7 @@ void txt_tabindex_Change() {
         return;
     auto& editor = fEditor->txt_tabindex;
     double const number = Val(editor.Text.get());
-    if (number < 0 || number > limits::largest_tab_index) {
+    if (!panel_row(Row::tab_index).value.typed.holds(number)) {
         editor.Text = "0"; // comes back here
         return;
     }

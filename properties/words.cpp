@@ -7,24 +7,10 @@
 #include "properties/apply.h"
 
 #include <algorithm>
-#include <array>
 
 namespace kehystin {
 
 namespace {
-
-/// Letters that jump to a word of a list, Finnish and English initials alike.
-struct KeyWord {
-    std::string_view letters;
-    int word;
-};
-
-constexpr std::array boolean_keys = {KeyWord{"KkYy", 0}, KeyWord{"EeNn", 1}};
-constexpr std::array align_keys = {KeyWord{"LlVv", 0}, KeyWord{"OoRr", 1}, KeyWord{"CcKk", 2}};
-constexpr std::array scaling_keys = {KeyWord{"Ee", 0}, KeyWord{"Vv", 1}, KeyWord{"Kk", 2},
-                                     KeyWord{"Ss", 3}};
-constexpr std::array border_keys = {KeyWord{"Ee", 0}, KeyWord{"Nn", 1}};
-constexpr std::array mark_keys = {KeyWord{"Ee", 0}, KeyWord{"Vv", 1}};
 
 /// "Alkuarvo" has words only for check and option fields. Titles may stand beside them.
 bool value_has_words() {
@@ -53,26 +39,10 @@ bool names_item(std::string const& text) {
     return true;
 }
 
-std::span<KeyWord const> keys_of(Row row) {
-    switch (row) {
-    case Row::bold:
-    case Row::italic:
-    case Row::transparent:
-    case Row::linkable:
-        return boolean_keys;
-    case Row::align:
-        return align_keys;
-    case Row::scaling:
-        return scaling_keys;
-    case Row::border:
-        return border_keys;
-    case Row::value:
-        if (value_has_words())
-            return mark_keys;
-        return {};
-    default:
-        return {};
-    }
+Words words_of(Row row) {
+    if (row == Row::value)
+        return value_has_words() ? Words(mark_words) : Words();
+    return panel_row(row).value.words;
 }
 
 bool is_word(Row row, std::string const& text) {
@@ -84,13 +54,14 @@ bool is_word(Row row, std::string const& text) {
 } // namespace
 
 void word_KeyPress(Row row, char32_t& key) {
-    for (auto const& [letters, word] : keys_of(row)) {
-        if (key > 0x7f || letters.find(static_cast<char>(key)) == std::string_view::npos)
-            continue;
-        key = 0;
-        list_of(row).ListIndex = word; // its Click carries the word on
+    auto const words = words_of(row);
+    auto const chosen = std::find_if(words.begin(), words.end(), [key](Word const& word) {
+        return key <= 0x7f && word.letters.find(static_cast<char>(key)) != std::string_view::npos;
+    });
+    if (chosen == words.end())
         return;
-    }
+    key = 0;
+    list_of(row).ListIndex = static_cast<int>(chosen - words.begin()); // its Click carries it on
 }
 
 void word_DblClick(Row row) {
@@ -130,11 +101,10 @@ void word_list_Click(Row row) {
 
 Row row_of_boolean_list() {
     auto const& tag = fEditor->lst_boolean.Tag.get();
-    return tag == "BOLD"     ? Row::bold
-           : tag == "ITALIC" ? Row::italic
-           : tag == "TRANSP" ? Row::transparent
-           : tag == "LINK"   ? Row::linkable
-                             : Row::none;
+    for (auto const& row : panel_rows())
+        if (!tag.empty() && row.value.tag == tag)
+            return row.row;
+    return Row::none;
 }
 
 void lst_boolean_Click() {

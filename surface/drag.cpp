@@ -20,8 +20,6 @@ namespace kehystin {
 
 namespace {
 
-constexpr int largest_field = 3000; // pixels each way
-
 struct Offset {
     Integer across;
     Integer down;
@@ -46,7 +44,7 @@ struct Geometry {
 };
 
 Integer size_of(double frame) {
-    return Integer(std::min(frame, largest_field + 2.0) - 2);
+    return Integer(std::min(frame, limits::largest_field + 2.0) - 2);
 }
 
 Geometry geometry_of_frame(int number) {
@@ -65,10 +63,11 @@ void apply(Geometry const& place) {
 }
 
 /// A number of the panel after a drag: shown when all selected fields have it and it can be typed.
-void show_number(Row number, std::string_view key, int value, int lowest) {
+void show_number(Row number, Field const& first) {
     auto const& row = panel_row(number);
     auto& editor = (*fEditor).*row.editor;
-    if (!all_same(key) || value < lowest || value > largest_field) {
+    int const value = first.*row.value.number;
+    if (!all_same(number) || value < row.value.typed.lowest || value > limits::largest_field) {
         editor.Text = "";
         return;
     }
@@ -78,10 +77,8 @@ void show_number(Row number, std::string_view key, int value, int lowest) {
 
 void show_geometry(Field const& first) {
     PanelUpdate const filling;
-    show_number(Row::left, "LEFT", first.left, 0);
-    show_number(Row::top, "TOP", first.top, 0);
-    show_number(Row::width, "WIDTH", first.width, 1);
-    show_number(Row::height, "HEIGHT", first.height, 1);
+    for (auto const row : {Row::left, Row::top, Row::width, Row::height})
+        show_number(row, first);
 }
 
 /// Frames back to their fields, no press under way.

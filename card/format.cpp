@@ -73,9 +73,15 @@ constexpr std::array card_table = {
     CardMember{"editDate", 0, 0, of_card<&C::editDate>, date, {}, Written::trimmed, {}, ""},
 };
 
+constexpr auto style_tail = [] {
+    auto text = std::to_array("  ->  0     (0 - 7)");
+    text[text.size() - 3] = '0' + highest_style;
+    return text;
+}();
+
 // The bounds are what the register program has always accepted, also where the row names others.
 constexpr std::array field_table = {
-    FieldMember{"style", of_field<&F::style>, guarded, {0, highest_style, nullptr, 0, ").style:  ", "  ->  0     (0 - 7)"}},
+    FieldMember{"style", of_field<&F::style>, guarded, {0, highest_style, nullptr, 0, ").style:  ", style_tail.data()}},
     FieldMember{"caption", of_field<&F::caption>, text, {.label = ").caption:  ", .tail = "     (max 100 merkkiä)"}},
     FieldMember{"group", of_field<&F::group>, text, {.label = ").group:  ", .tail = "     (max 100 merkkiä)"}},
     FieldMember{"list", of_field<&F::list>, text, {.label = ").list:  ", .tail = "     (max 400 merkkiä)"}, Written::commas_guarded},

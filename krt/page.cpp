@@ -17,6 +17,7 @@ namespace {
 
 using kehystin::Field;
 using kehystin::Kind;
+using kehystin::Look;
 using kehystin::Style;
 
 /// What the frame of the card's window takes of its size, in pixels.
@@ -103,7 +104,7 @@ class Page {
                   ";background:" + css_colour(card_.card.color) + "}\n";
         add_background();
         for (int i = 1; i <= card_.card.fields; ++i)
-            if (auto const* const kind = kehystin::kind_of(card_.field(i).style))
+            if (auto const* const kind = card_.field(i).kind())
                 add_field(*kind, i);
         return head() + body_ + "</form>\n</main>\n</body>\n</html>\n";
     }
@@ -167,23 +168,21 @@ class Page {
     /// Place and looks of a field.
     void add_place(Kind const& kind, int number) {
         auto const& one = field(number);
-        bool const label =
-            kind.style == Style::OTS || kind.style == Style::CHK || kind.style == Style::OPT;
-        bool const see_through = label && card_.card.transp != 0;
+        bool const see_through = kind.look == Look::label && card_.card.transp != 0;
         auto const name = one.fontName.trimmed();
         style_ += "#" + name_of(number) + "{left:" + px(one.left) + ";top:" + px(one.top) +
                   ";width:" + px(one.width);
-        if (kind.style != Style::CMB)
+        if (!kind.height_of_font)
             style_ += ";height:" + px(one.height);
         style_ += std::string(";font:") + (one.fontItalic != 0 ? "italic " : "") +
                   (one.fontBold != 0 ? "bold " : "") + std::to_string(int{one.fontSize}) + "pt " +
                   css_text(name) + "," + std::string(stand_ins(name)) +
                   ";color:" + css_colour(one.foreColor) + ";background:";
-        if (see_through && kind.style == Style::OTS)
+        if (see_through && one.is_title())
             style_ += "none";
         else
             style_ += css_colour(see_through ? card_.card.color : one.backColor);
-        if (kind.style == Style::OTS && one.align != 0)
+        if (one.is_title() && one.align != 0)
             style_ += one.align == 1 ? ";text-align:right" : ";text-align:center";
         // One line stands at the top of a box for several.
         double const line = line_height(one);
@@ -219,9 +218,8 @@ class Page {
     /// A click on a title goes to its field, but it changes none.
     void add_title(int number) {
         auto const data = first_of_.find(number);
-        auto const kind = data == first_of_.end() ? 0 : int{field(data->second).style};
-        bool const leads = kind == int(Style::TXT) || kind == int(Style::STX) ||
-                           kind == int(Style::CMB) || kind == int(Style::LST);
+        bool const leads = data != first_of_.end() && (field(data->second).looks(Look::box) ||
+                                                       field(data->second).looks(Look::list));
         std::string const element = leads ? "label" : "span";
         add("<" + element + attribute("id", name_of(number)) + attribute("class", "ots") +
             (leads ? attribute("for", name_of(data->second)) : "") + ">" +

@@ -1,4 +1,5 @@
 // Field bar, menus and property panel under the mouse: new fields, deleted ones, edited ones.
+#include "desktop/icons.h"
 #include "tests/desktop/mouse_program.h"
 
 #include <QWheelEvent>
@@ -9,13 +10,13 @@ class Panel : public MouseProgram {};
 
 TEST_F(Panel, EveryButtonOfTheFieldBarDropsItsKind) {
     start_free(QStringLiteral("examples/asiakkaat.krt"));
-    std::pair<char const*, Style> const buttons[] = {
-        {"drag_ots", Style::OTS}, {"drag_txt", Style::TXT}, {"drag_stx", Style::STX},
-        {"drag_chk", Style::CHK}, {"drag_opt", Style::OPT}, {"drag_cmb", Style::CMB},
-        {"drag_img", Style::IMG}, {"drag_lst", Style::LST}};
     QPoint const free(106, 40);
     int const before = card.fields;
-    for (auto const& [button, style] : buttons) {
+    for (auto const& kind : kinds) {
+        auto const style = kind.style;
+        auto const* const button =
+            (fEditor.get()->*fEditor->drag_buttons[kind_index(style)]).name().c_str();
+        EXPECT_FALSE(desktop::iconPixmap(button, desktop::iconSize, 1).isNull()) << button;
         auto const drag_of_it = drag_from_bar(button);
         ASSERT_TRUE(drop(*drag_of_it->mimeData(), *canvas(), free)) << button;
         int const added = card.fields;
@@ -27,7 +28,7 @@ TEST_F(Panel, EveryButtonOfTheFieldBarDropsItsKind) {
         EXPECT_EQ(drag_of_it->hotSpot(), QPoint(5, 5)) << button;
         fCard->visual(style, added).Visible = false; // out of the next one's way
     }
-    EXPECT_EQ(card.fields, before + 8);
+    EXPECT_EQ(card.fields, before + static_cast<int>(kinds.size()));
 }
 
 TEST_F(Panel, ADropOnAnythingElseIsNone) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "card/kinds.h"
+#include "forms/selection_frame.h"
 #include "model/card.h"
 #include "platform/form.h"
 
@@ -31,9 +32,10 @@ class CardForm : public Form {
     Collection<ListBox> lst{this, "lst"};
     /// Element 0 is never shown: new lines take its colour.
     Collection<Line> link{this, "link"};
-    Collection<Shape> focus{this, "focus"};
-    /// The rubber band, and the holder of the state of a drag.
-    Shape bigfocus{this, "bigfocus"};
+    /// The frames, which have nothing to do with the keyboard.
+    Collection<SelectionFrame> focus{this, "focus"};
+    /// The rubber band, which also knows what a press on the bare surface does.
+    SelectionFrame bigfocus{this, "bigfocus"};
     /// Holds a picture for a moment while it is fitted into its field.
     PictureBox tmpImg{this, "tmpImg"};
     Timer focusTimer{this, "focusTimer", 20, false};

@@ -21,7 +21,7 @@ void hide_frames(int chosen) {
     for (int i = 1; i <= card.fields; ++i)
         if (fCard->focus.has(i)) {
             auto& frame = fCard->focus(i);
-            bool const dragged = !frame.Tag.get().empty() || !fCard->bigfocus.Tag.get().empty();
+            bool const dragged = frame.grab() != Grab::none || fCard->bigfocus.grab() != Grab::none;
             if (!(i == chosen && frame.Visible && dragged))
                 fCard->place_frame(i);
             frame.Visible = false;

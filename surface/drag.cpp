@@ -88,10 +88,10 @@ void give_up_drag() {
     System::current().mouse() = {};
     System::current().set_MousePointer(pointer::normal);
     fCard->bigfocus.Visible = false;
-    fCard->bigfocus.Tag = "";
+    fCard->bigfocus.set_grab(Grab::none);
     for (int i = 1; i <= card.fields; ++i)
         if (fCard->focus.has(i)) {
-            fCard->focus(i).Tag = "";
+            fCard->focus(i).set_grab(Grab::none);
             fCard->place_frame(i);
         }
 }

@@ -10,8 +10,6 @@
 #include "surface/drag.h"
 #include "surface/selection.h"
 
-#include <string_view>
-
 namespace kehystin {
 
 namespace {
@@ -50,9 +48,6 @@ Zones zones_of(Style style) {
 constexpr double corner_hover = 4;     // pixels, in all kinds
 constexpr double near_bottom_left = 2; // the narrowest zone, in all kinds, at press and hover
 
-constexpr std::string_view move_tag = "MoveField";
-constexpr std::string_view scale_tag = "ScaleField_";
-
 /// A point over an object, with the object's size, in pixels.
 struct Spot {
     double x, y, width, height;
@@ -67,30 +62,27 @@ struct Spot {
     bool below(double zone) const { return y > height - zone; }
 };
 
-/// What a drag from here will do, as the frame's Tag: the first zone that holds decides.
-std::string grab_at(Spot const& spot, Zones const& zones) {
+/// What a drag from here will do: the first zone that holds decides.
+Grab grab_at(Spot const& spot, Zones const& zones) {
     double const near = zones.near_press;
     double const far = zones.far_press;
-    auto const scale = [](std::string_view edge) {
-        return std::string(scale_tag) + std::string(edge);
-    };
     if (spot.x < near && spot.y < near)
-        return scale("NW");
+        return Grab::north_west;
     if (spot.right_of(far) && spot.below(far))
-        return scale("SE");
+        return Grab::south_east;
     if (spot.right_of(far) && spot.y < near)
-        return scale("NE");
+        return Grab::north_east;
     if (spot.x < near_bottom_left && spot.below(far))
-        return scale("SW");
+        return Grab::south_west;
     if (spot.x < near)
-        return scale("W");
+        return Grab::west;
     if (spot.right_of(far))
-        return scale("E");
+        return Grab::east;
     if (spot.y < near)
-        return scale("N");
+        return Grab::north;
     if (spot.below(far))
-        return scale("S");
-    return std::string(move_tag);
+        return Grab::south;
+    return Grab::move;
 }
 
 int pointer_at(Spot const& spot, Zones const& zones) {
@@ -107,16 +99,16 @@ int pointer_at(Spot const& spot, Zones const& zones) {
     return pointer::normal;
 }
 
-/// Stretches a frame at the edges that the tag names. False, with nothing done, where the field
+/// Stretches a frame at the edges of the drag. False, with nothing done, where the field
 /// would become too small.
-bool stretch(Shape& frame, Control const& object, std::string_view edges, Zones const& zones,
+bool stretch(SelectionFrame& frame, Control const& object, Zones const& zones,
              MouseArguments const& mouse) {
     Spot const spot(object, zones, mouse);
     double const smallest = zones.smallest;
-    bool const west = edges.ends_with('W');
-    bool const east = edges.ends_with('E');
-    bool const north = edges.starts_with('N');
-    bool const south = edges.starts_with('S');
+    bool const west = has_edge(frame.grab(), Grab::west);
+    bool const east = has_edge(frame.grab(), Grab::east);
+    bool const north = has_edge(frame.grab(), Grab::north);
+    bool const south = has_edge(frame.grab(), Grab::south);
     if ((west && mouse.X > spot.width * zones.unit - smallest) || (east && mouse.X < smallest) ||
         (north && mouse.Y > spot.height * zones.unit - smallest) || (south && mouse.Y < smallest))
         return false;
@@ -150,9 +142,8 @@ void press(int number, MouseArguments const& mouse) {
     bool const was_selected = fCard->is_selected(number);
     if (mouse.Shift == 0)
         zip_focus();
-    fCard->focus(number).Tag = was_selected
-                                   ? grab_at(Spot(*fCard->visual_of(number), zones, mouse), zones)
-                                   : std::string(move_tag);
+    fCard->focus(number).set_grab(
+        was_selected ? grab_at(Spot(*fCard->visual_of(number), zones, mouse), zones) : Grab::move);
     set_focus(number);
     fCard->grabX = twips(mouse.X, zones);
     fCard->grabY = twips(mouse.Y, zones);
@@ -161,13 +152,11 @@ void press(int number, MouseArguments const& mouse) {
 void drag(int number, MouseArguments const& mouse) {
     auto const zones = zones_of_field(number);
     auto& frame = fCard->focus(number);
-    std::string_view const tag = frame.Tag.get();
-    if (tag == move_tag) {
+    if (frame.grab() == Grab::move) {
         move_focus(twips(mouse.X, zones), twips(mouse.Y, zones));
         return;
     }
-    auto const edges = tag.substr(scale_tag.size());
-    if (stretch(frame, *fCard->visual_of(number), edges, zones, mouse) && fEditor->stsBar.Visible)
+    if (stretch(frame, *fCard->visual_of(number), zones, mouse) && fEditor->stsBar.Visible)
         upd_sts();
 }
 
@@ -182,7 +171,7 @@ void field_MouseDown(int index, MouseArguments const& mouse) {
 void field_MouseMove(int index, MouseArguments const& mouse) {
     if (session.pro_updating || !fCard->is_selected(index))
         return;
-    if (!fCard->focus(index).Tag.get().empty()) {
+    if (fCard->focus(index).grab() != Grab::none) {
         drag_step([&] { drag(index, mouse); });
         return;
     }
@@ -192,11 +181,12 @@ void field_MouseMove(int index, MouseArguments const& mouse) {
 }
 
 void field_MouseUp(int index, MouseArguments const&) {
-    if (session.pro_updating || !fCard->focus.has(index) || fCard->focus(index).Tag.get().empty())
+    if (session.pro_updating || !fCard->focus.has(index) ||
+        fCard->focus(index).grab() == Grab::none)
         return;
     drag_step([&] {
         move_fields();
-        fCard->focus(index).Tag = "";
+        fCard->focus(index).set_grab(Grab::none);
     });
 }
 

@@ -16,13 +16,6 @@ namespace kehystin {
 
 namespace {
 
-constexpr std::string_view banding = "FocusFields";
-
-bool holds_pressed_field(Shape const& band) {
-    auto const* const kind = kind_of(std::string_view(band.Tag.get()));
-    return kind && kind->pressed_through;
-}
-
 bool covers(Control const& object, double x, double y) {
     return object.Left <= x && x < object.Left + object.Width && object.Top <= y &&
            y < object.Top + object.Height;
@@ -39,7 +32,7 @@ int field_pressed_through_surface(double x, double y) {
 }
 
 void press_field(int number, MouseArguments const& mouse) {
-    fCard->bigfocus.Tag = std::string(field(number).kind()->prefix);
+    fCard->bigfocus.set_grab(Grab::through, field(number).kind()->prefix);
     set_focus(number);
     fCard->grabX = Integer(mouse.X);
     fCard->grabY = Integer(mouse.Y);
@@ -49,7 +42,7 @@ void begin_band(MouseArguments const& mouse) {
     fCard->bandX = Integer(mouse.X);
     fCard->bandY = Integer(mouse.Y);
     fCard->bigfocus.Move(mouse.X, mouse.Y);
-    fCard->bigfocus.Tag = std::string(banding);
+    fCard->bigfocus.set_grab(Grab::band);
 }
 
 void stretch_band(MouseArguments const& mouse) {
@@ -67,7 +60,7 @@ void stretch_band(MouseArguments const& mouse) {
 struct Box {
     int left, top, right, bottom;
 
-    explicit Box(Shape const& band)
+    explicit Box(SelectionFrame const& band)
         : left(Integer(band.Left.get())),
           top(Integer(band.Top.get())),
           right(left + Integer(band.Width.get())),
@@ -112,8 +105,8 @@ void select_card() {
 void release_on_surface(MouseArguments const& mouse) {
     auto& band = fCard->bigfocus;
     System::current().set_MousePointer(pointer::normal);
-    bool const moved_field = holds_pressed_field(band);
-    band.Tag = "";
+    bool const moved_field = band.grab() == Grab::through;
+    band.set_grab(Grab::none);
     if (moved_field) {
         move_fields();
         return;
@@ -139,12 +132,12 @@ void zip_focus() {
         if (!fCard->focus.has(i))
             continue;
         fCard->focus(i).Visible = false;
-        fCard->focus(i).Tag = "";
+        fCard->focus(i).set_grab(Grab::none);
         if (i > 0)
             fCard->place_frame(i);
     }
     fCard->bigfocus.Visible = false;
-    fCard->bigfocus.Tag = "";
+    fCard->bigfocus.set_grab(Grab::none);
 }
 
 void Form_MouseDown(int, MouseArguments const& mouse) {
@@ -163,11 +156,10 @@ void Form_MouseDown(int, MouseArguments const& mouse) {
 void Form_MouseMove(int, MouseArguments const& mouse) {
     if (session.pro_updating)
         return;
-    auto const& band = fCard->bigfocus;
     drag_step([&] {
-        if (band.Tag.get() == banding)
+        if (fCard->bigfocus.grab() == Grab::band)
             stretch_band(mouse);
-        else if (holds_pressed_field(band))
+        else if (fCard->bigfocus.grab() == Grab::through)
             move_frames_on_surface(mouse);
         else
             System::current().set_MousePointer(pointer::normal);

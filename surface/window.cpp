@@ -23,7 +23,7 @@ constexpr double smallest_window = 900; // twips
 
 /// The text fields of the surface must not keep the keyboard, and it cannot be moved from inside a
 /// focus event.
-void give_keyboard_back() {
+void leave_keyboard_to_panel() {
     fEditor->focusTimer.Enabled = true;
 }
 
@@ -67,7 +67,7 @@ void wire_card_form() {
     for (auto const& kind : kinds) {
         auto& prototype = form.visual(kind.style, 0);
         if (kind.takes_keyboard)
-            prototype.GotFocus = give_keyboard_back;
+            prototype.GotFocus = leave_keyboard_to_panel;
         if (!kind.has_mouse)
             continue; // the surface under it takes the press
         prototype.MouseDown = field_MouseDown;

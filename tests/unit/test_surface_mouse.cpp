@@ -44,10 +44,10 @@ TEST_F(SurfaceMouse, WhatIsSelectedComesToTheFront) {
 TEST_F(SurfaceMouse, ClearingTheSelectionEndsEveryPress) {
     set_focus(1);
     for (int i = 0; i <= 2; ++i)
-        fCard->focus(i).Tag = "MoveField";
+        fCard->focus(i).set_grab(Grab::move);
     fCard->focus(1).Left = 300;
     fCard->bigfocus.Visible = true;
-    fCard->bigfocus.Tag = "FocusFields";
+    fCard->bigfocus.set_grab(Grab::band);
     zip_focus();
     for (int i = 0; i <= 2; ++i) {
         EXPECT_EQ(fCard->focus(i).Tag, "");
@@ -67,7 +67,7 @@ TEST_F(SurfaceMouse, NothingHappensWhileCodeFillsThePanel) {
     fCard->ots(2).MouseDown(2, {1, 0, 75, 75});
     EXPECT_FALSE(fCard->focus(2).Visible);
     EXPECT_EQ(fCard->focus(2).Tag, "");
-    fCard->bigfocus.Tag = "FocusFields";
+    fCard->bigfocus.set_grab(Grab::band);
     System::current().set_MousePointer(6);
     fCard->MouseMove(-1, {1, 0, 310, 310});
     EXPECT_FALSE(fCard->bigfocus.Visible);
@@ -94,7 +94,7 @@ TEST_F(SurfaceMouse, AfterAStepThatFailedNothingIsUnderWay) {
     set_focus(2);
     input::mouse_press(*fCard, 30, 28, true);
     System::current().set_MousePointer(8);
-    fCard->bigfocus.Tag = "CMB";
+    fCard->bigfocus.set_grab(Grab::through, "CMB");
     host.answers.assign(1, Answer::ok);
     input::mouse_move(*fCard, 1030, 28);
     EXPECT_EQ(host.boxes.size(), 1U);

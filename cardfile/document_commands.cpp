@@ -95,7 +95,7 @@ void ask_name() {
                         "mallien listalla antamallasi nimellä."}),
                  " Uusi korttimalli", "Uusi"));
     if (!answer.empty())
-        fEditor->txt_name.Text = answer;
+        fEditor->txt_name.Text = answer; // the row carries it to the card and its window
 }
 
 void new_card_by_wizard(int& step) {

@@ -87,6 +87,11 @@ void align(Axis const& axis, Edge edge) {
     finish_layout();
 }
 
+/// As if the user had typed it: the row shows the word and carries it to the selected titles.
+void write_align_word(std::size_t place) {
+    fEditor->txt_align.Text = std::string(align_words[place].text);
+}
+
 } // namespace
 
 void cmd_align_left_Click() {
@@ -114,15 +119,15 @@ void cmd_valign_center_Click() {
 }
 
 void cmd_a_left_Click() {
-    fEditor->txt_align.Text = "Vasemmalle";
+    write_align_word(0);
 }
 
 void cmd_a_right_Click() {
-    fEditor->txt_align.Text = "Oikealle";
+    write_align_word(1);
 }
 
 void cmd_a_center_Click() {
-    fEditor->txt_align.Text = "Keskelle";
+    write_align_word(2);
 }
 
 } // namespace kehystin

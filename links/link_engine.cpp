@@ -75,6 +75,7 @@ void cmd_linkBar_Click() {
             box::information, " Linkit...");
         return;
     }
+    // A run makes the lines anew, shown or hidden; the mark lets it, also where links are not kept.
     bool const automatic = fEditor->cmd_link_automatic.Checked;
     fEditor->cmd_link_automatic.Checked = true;
     update_links();

@@ -24,6 +24,8 @@ void fit_card() {
     Integer const width = right + room_across;
     Integer const height = bottom + room_down;
     fEditor->cmb_field.ListIndex = 0;
+    // As if the user had turned them: the rows take the size or refuse it, and apply it to the
+    // card.
     fEditor->scr_width.Value = -width;
     fEditor->scr_height.Value = -height;
     size_card_frame(fCard->Width / twips_per_pixel, fCard->Height / twips_per_pixel);

@@ -45,7 +45,8 @@ void take_window_size() {
     auto& selector = fEditor->cmb_field;
     if (selector.ListCount() > 0 && !(selector.ListIndex == 0 && fCard->focus(0).Visible))
         selector.ListIndex = 0;
-    // The scroll bars run negative, so that up means more.
+    // Through the panel, which knows what sizes a card can have and shows them. Its scroll bars run
+    // negative, so that up means more.
     fEditor->scr_width.Value = -int{Integer(fCard->Width / twips_per_pixel)};
     fEditor->scr_height.Value = -int{Integer(fCard->Height / twips_per_pixel)};
     fCard->resizeTimer.Enabled = true;

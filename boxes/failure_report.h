@@ -10,7 +10,8 @@
 
 namespace kehystin {
 
-/// Lines joined by line breaks, without one behind the last.
+/// Lines joined by line breaks, without one behind the last. Lines of boxes end in blanks on
+/// purpose, and begin with one.
 std::string lines(std::initializer_list<std::string_view> parts);
 
 /// "  (6)  Ylivuoto"

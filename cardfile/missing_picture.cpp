@@ -42,7 +42,7 @@ std::optional<std::string> find_missing_picture(std::string missing) {
         if (chosen.empty())
             return std::nullopt;
         // As the record will hold it.
-        auto const path = FixedText<150>(Trim(chosen)).trimmed();
+        auto const path = decltype(Card::picture)(Trim(chosen)).trimmed();
         if (names_a_file(path))
             return path;
         missing = path;

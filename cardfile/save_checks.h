@@ -18,6 +18,7 @@ bool chk_selots();
 bool chk_sameots();
 
 /// Moves the titles marked "NOLINK" to the front of the field array, keeping the order of the rest.
+/// Nothing calls it: a save leaves the fields in their order.
 void order_nolink();
 
 } // namespace kehystin

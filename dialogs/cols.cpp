@@ -40,26 +40,12 @@ void fill_list() {
         lst_Click();
 }
 
-void move_item(int step) {
-    auto& lst = fCols->lst;
-    int const from = lst.ListIndex;
-    int const to = from + step;
-    if (from < 0 || to < 0 || to >= lst.ListCount())
-        return;
-    auto const text = lst.List(from);
-    int const title = lst.ItemData(from);
-    lst.RemoveItem(from);
-    lst.AddItem(text, to);
-    lst.set_ItemData(to, title);
-    lst.ListIndex = to;
-}
-
 void cmd_up_Click() {
-    move_item(-1);
+    fCols->lst.move_chosen(-1);
 }
 
 void cmd_down_Click() {
-    move_item(1);
+    fCols->lst.move_chosen(1);
 }
 
 void cmd_ok_Click() {

@@ -1,6 +1,7 @@
 #include "forms/prop_form.h"
 
 #include "forms/dialog_layout.h"
+#include "model/settings.h"
 
 namespace kehystin {
 
@@ -25,12 +26,11 @@ void place_density(Label& label, TextBox& text, ScrollBar& spin, double top, int
     constexpr double text_width = 900;
     constexpr double spin_width = 270;
     constexpr double lower_text = 60; // the label's line stands level with the box's
-    constexpr int highest = 200;
     label.Move(margin, top + lower_text, text_left - margin - gap, box - lower_text);
     text.Move(text_left, top, text_width, box);
     text.BackColor = colours::white;
     spin.Move(text_left + text_width + 30, top, spin_width, box);
-    spin.Min = -highest;
+    spin.Min = -largest_density;
     spin.Max = -lowest;
     spin.Value = -lowest;
 }
@@ -49,8 +49,6 @@ PropForm::PropForm() : Form("fProp", FormKind::dialog) {
         label->Caption = "Vaakatiheys";
     for (auto* const label : {&lab_grid_Y, &lab_guide_Y})
         label->Caption = "Pystytiheys";
-    constexpr int least_grid = 2;
-    constexpr int least_guide = 5;
     place_density(lab_grid_X, txt_grid_X, scr_grid_X, first_row, least_grid);
     place_density(lab_grid_Y, txt_grid_Y, scr_grid_Y, first_row + row_step, least_grid);
     place_density(lab_guide_X, txt_guide_X, scr_guide_X, first_row, least_guide);

@@ -43,10 +43,9 @@ void put_back(Snapshot const& snapshot) {
 
 /// A number that names no field fails the command.
 std::vector<int> linked_fields(Field& title) {
-    constexpr std::size_t full_list = 400; // characters: the last number may be cut
     auto text = title.list.trim();
     std::vector<int> numbers;
-    if (Len(text) >= full_list)
+    if (Len(text) >= decltype(Field::list)::length) // the last number may be cut
         return numbers;
     while (!text.empty()) {
         numbers.push_back(Integer(Val(text)));

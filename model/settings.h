@@ -12,6 +12,11 @@ namespace kehystin {
 
 using namespace platform;
 
+// What grid and guide can take, in pixels.
+inline constexpr int least_grid = 2;
+inline constexpr int least_guide = 5;
+inline constexpr int largest_density = 200;
+
 inline constexpr int icon_places = 40;
 inline constexpr int last_file_places = 4;
 

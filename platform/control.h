@@ -100,6 +100,10 @@ class Control {
     /// Puts the control at a place; one step for whoever watches.
     void Move(double left, double top);
     void Move(double left, double top, double width, double height);
+    /// Whether it lies at a point of its container, visible or not.
+    bool covers(double x, double y) const {
+        return Left <= x && x < Left + Width && Top <= y && y < Top + Height;
+    }
     /// Above everything else in its container.
     void bring_to_front();
     /// Gives the control the keyboard focus, if it can take it; otherwise nothing happens.

@@ -306,6 +306,19 @@ void ListControl::RemoveItem(int index) {
     mark();
 }
 
+bool ListControl::move_chosen(int step) {
+    int const from = ListIndex;
+    int const to = from + step;
+    if (from < 0 || to < 0 || to >= ListCount())
+        return false;
+    auto const moved = item(from);
+    RemoveItem(from);
+    AddItem(moved.text, to);
+    set_ItemData(to, moved.data);
+    ListIndex = to;
+    return true;
+}
+
 void ListControl::Clear() {
     items_.clear();
     ListIndex.value_ = -1;

@@ -118,6 +118,9 @@ class ListControl : public TextControl {
     /// Adds behind the last item, or before the item `at`.
     void AddItem(std::string_view text, int at = -1);
     void RemoveItem(int index);
+    /// Moves the chosen item by `step` places and chooses it there. False, with nothing done, where
+    /// there are not as many.
+    bool move_chosen(int step);
     void Clear();
     int ListCount() const { return static_cast<int>(items_.size()); }
     /// The place of the item added last, -1 before the first.

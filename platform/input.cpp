@@ -79,11 +79,6 @@ void type_character(Control& control, char32_t key, std::string_view utf8) {
     replace_selection(*box, from_code_page({&byte, 1}));
 }
 
-bool covers(Control const& control, double x, double y) {
-    return x >= control.Left && y >= control.Top && x < control.Left + control.Width &&
-           y < control.Top + control.Height;
-}
-
 /// Outlines and lines only mark places.
 bool is_object(Control const& control) {
     return control.has_tab_index() && control.Visible;
@@ -95,7 +90,7 @@ Control* descend(Control const& container, double x, double y) {
         auto& control = **child;
         bool const takes_mouse = is_object(control) && control.Enabled &&
                                  control.control_class() != ControlClass::combo_box;
-        if (!takes_mouse || !covers(control, x, y))
+        if (!takes_mouse || !control.covers(x, y))
             continue;
         auto* const inner = descend(control, x - control.Left, y - control.Top);
         return inner ? inner : &control;
@@ -150,7 +145,7 @@ bool takes_drop(Form& form, double x, double y) {
     auto const& standing = form.children();
     return std::none_of(standing.begin(), standing.end(), [&](Control const* control) {
         return is_object(*control) &&
-               covers(*control, pixels_to_form_units(form, x), pixels_to_form_units(form, y));
+               control->covers(pixels_to_form_units(form, x), pixels_to_form_units(form, y));
     });
 }
 

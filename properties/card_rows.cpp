@@ -52,7 +52,7 @@ void cmd_picture_Click() {
         return;
     try {
         Hourglass const pointer;
-        auto const stored = FixedText<150>(path);
+        auto const stored = decltype(Card::picture)(path);
         auto const picture = LoadPicture(stored.trimmed());
         card.picture = stored.trimmed();
         fCard->Picture = picture;

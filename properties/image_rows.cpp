@@ -83,7 +83,7 @@ void txt_scale_Change() {
         default_look(Style::IMG).scaling = *scaling;
     if (*scaling != 0 && any_has_picture(images) && !confirms_scaling(*scaling)) {
         fEditor->lst_scale.ListIndex = 0; // comes back here
-        lst_list_Click();
+        lst_list_Click();                 // the list editor's; without use here, and without harm
         return;
     }
     for (int const number : images)

@@ -23,7 +23,7 @@ void txt_link_Change() {
     auto const linkable = boolean_word(fEditor->txt_link.Text.get());
     if (session.pro_updating || !linkable)
         return;
-    change_selected(Links::renew, [&](int, Field& one) { one.value = *linkable ? "" : "NOLINK"; });
+    change_selected(Links::renew, [&](int, Field& one) { one.value = *linkable ? "" : no_link; });
 }
 
 void txt_linkitys_Change() {

@@ -16,7 +16,6 @@ namespace kehystin {
 namespace {
 
 constexpr std::string_view title = " Alasvetovalikko";
-constexpr std::size_t longest_list = 400; // characters of a record
 
 ListBox& items() {
     return fEditor->lst_list;
@@ -50,6 +49,7 @@ void show_in_rows(Field* first) {
 void warn_of_length(std::size_t length) {
     auto const last = items().List(items().ListCount() - 1);
     MsgBox(lines({" Voit tallentaa alasvetovalikkoon yhteensä korkeintaan 400 merkkiä.     ",
+                  // Three n's on purpose: the words of the boxes are not to change.
                   " Annnettujen arvojen yhteispituus on tällä hetkellä " +
                       Format(static_cast<double>(length)) + " merkkiä.     ",
                   "", " Nykyisen listan viimeisenä oleva rivi ei tule näkymään rekisterissä:",
@@ -64,17 +64,9 @@ void set_button(Button& button, bool enabled) {
     button.Picture = Picture::named(list_button_picture(button) + (enabled ? "" : "0"));
 }
 
-/// Moves the chosen item by `step` places, where there are as many.
 void move_item(int step) {
-    int const from = items().ListIndex;
-    int const to = from + step;
-    if (from < 0 || to < 0 || to >= items().ListCount())
-        return;
-    auto const item = items().List(from);
-    items().RemoveItem(from);
-    items().AddItem(item, to);
-    items().ListIndex = to;
-    UpdateCombo(Overlong::cut_silently);
+    if (items().move_chosen(step))
+        UpdateCombo(Overlong::cut_silently);
 }
 
 } // namespace
@@ -179,7 +171,7 @@ bool UpdateCombo(Overlong overlong) {
     });
     show_in_rows(first);
     auto const length = Len(joined);
-    if (length <= longest_list)
+    if (length <= decltype(Field::list)::length)
         return true;
     if (overlong == Overlong::warn)
         warn_of_length(length);

@@ -170,7 +170,7 @@ constexpr std::string_view picture_filter =
 void show_chosen_picture(int number, std::string const& path) {
     Hourglass const pointer;
     auto& one = field(number);
-    auto const stored = FixedText<400>(path);
+    auto const stored = decltype(Field::list)(path);
     auto const picture = LoadPicture(stored.trimmed());
     one.list = stored.trimmed();
     fCard->img(number).Cls();

@@ -16,16 +16,11 @@ namespace kehystin {
 
 namespace {
 
-bool covers(Control const& object, double x, double y) {
-    return object.Left <= x && x < object.Left + object.Width && object.Top <= y &&
-           y < object.Top + object.Height;
-}
-
 /// The lowest field at a point whose kind is pressed through the surface, 0 without one.
 int field_pressed_through_surface(double x, double y) {
     for (int i = 1; i <= card.fields; ++i) {
         auto const* const object = fCard->visual_of(i);
-        if (object && field(i).kind()->pressed_through && covers(*object, x, y))
+        if (object && field(i).kind()->pressed_through && object->covers(x, y))
             return i;
     }
     return 0;

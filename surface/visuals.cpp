@@ -235,7 +235,7 @@ void show_list(int number) {
 }
 
 bool is_usable_font(std::string const& name) {
-    return FixedText<50>(name).trimmed() == name && host().accepts_font(name);
+    return decltype(Field::fontName)(name).trimmed() == name && host().accepts_font(name);
 }
 
 double drop_down_height(TextControl const& box) {

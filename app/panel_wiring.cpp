@@ -10,7 +10,7 @@
 #include "properties/list_editor.h"
 #include "properties/look_rows.h"
 #include "properties/number_rows.h"
-#include "properties/words.h"
+#include "properties/word_choice.h"
 
 namespace kehystin {
 

@@ -8,7 +8,7 @@
 #include "platform/host.h"
 #include "properties/apply.h"
 #include "properties/list_editor.h"
-#include "properties/words.h"
+#include "properties/word_choice.h"
 #include "surface/images.h"
 #include "surface/visuals.h"
 

@@ -6,7 +6,7 @@
 #include "panel/row_texts.h"
 #include "panel/rows.h"
 #include "properties/apply.h"
-#include "properties/words.h"
+#include "properties/word_choice.h"
 
 namespace kehystin {
 

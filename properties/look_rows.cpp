@@ -6,7 +6,7 @@
 #include "panel/row_texts.h"
 #include "platform/host.h"
 #include "properties/apply.h"
-#include "properties/words.h"
+#include "properties/word_choice.h"
 #include "surface/grid.h"
 #include "surface/visuals.h"
 

@@ -1,4 +1,4 @@
-#include "properties/words.h"
+#include "properties/word_choice.h"
 
 #include "forms/card_form.h"
 #include "model/card.h"

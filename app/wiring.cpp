@@ -28,6 +28,7 @@
 #include "platform/host.h"
 #include "platform/system.h"
 #include "surface/adding.h"
+#include "surface/deleting.h"
 #include "surface/frames.h"
 #include "surface/grid.h"
 #include "surface/selection.h"

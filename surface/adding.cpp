@@ -15,7 +15,6 @@
 #include "surface/frames.h"
 #include "surface/grid.h"
 #include "surface/load_card.h"
-#include "surface/rebuild.h"
 #include "surface/visuals.h"
 
 #include <algorithm>
@@ -26,9 +25,6 @@ namespace {
 
 /// The pointer stands this far right of and below the corner of what it drops, in pixels.
 constexpr double pointer_inset = 5;
-
-/// Roles above this one are not renumbered when a field goes: they name the old number.
-constexpr std::size_t last_renumbered_role = 14;
 
 /// A record that starts as zeros, with the default look of its kind.
 Field new_field(Kind const& kind) {
@@ -120,17 +116,6 @@ void settle_half_made_field(Kind const& kind) {
     MarkCardChanged();
 }
 
-/// Takes a field out of the array, which keeps its length. A role that names the field itself goes
-/// on naming its number, and so the field that came next.
-void remove_field(int number) {
-    for (int i = number; i < card.fields; ++i)
-        field(i) = field(i + 1);
-    for (std::size_t role = 1; role <= last_renumbered_role; ++role)
-        if (card.fldSpeci[role] > number)
-            card.fldSpeci[role] -= 1;
-    card.fields -= 1;
-}
-
 } // namespace
 
 void Form_DragDrop(Control& source, double x, double y) {
@@ -158,18 +143,6 @@ void cmd_field_add_Click() {
             {"           ·  " + UCase(kind.name.substr(0, 1)) + std::string(kind.name.substr(1)),
              ""});
     MsgBox(text, box::information, " Kentän lisääminen");
-}
-
-void cmd_field_del_Click() {
-    if (MsgBox(" Poistetaan valitut kentät kortilta?     ", box::information + box::ok_cancel,
-               " Kentän poisto") == Answer::cancel)
-        return;
-    // From the highest down, so that the frames still tell which of the others are selected.
-    for (int i = card.fields; i >= 1; --i)
-        if (fCard->is_selected(i))
-            remove_field(i);
-    if (rebuild_in_place())
-        FillLinkList();
 }
 
 } // namespace kehystin

@@ -1,4 +1,4 @@
-// New fields, and fields taken away.
+// New fields.
 #pragma once
 
 namespace platform {
@@ -14,8 +14,5 @@ void Form_DragDrop(platform::Control& source, double x, double y);
 
 /// "Lisää": brings the field bar into view and tells how fields are added.
 void cmd_field_add_Click();
-/// "Poista": takes the selected fields away after a question. Later fields move down one number,
-/// and the roles of the card follow as far as they are renumbered at all. Saving is left as it was.
-void cmd_field_del_Click();
 
 } // namespace kehystin

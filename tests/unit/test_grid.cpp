@@ -2,7 +2,7 @@
 
 #include "model/settings.h"
 #include "platform/input.h"
-#include "surface/adding.h"
+#include "surface/deleting.h"
 #include "surface/load_card.h"
 #include "tests/unit/fresh_session.h"
 

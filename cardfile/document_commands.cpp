@@ -1,7 +1,7 @@
 #include "cardfile/document_commands.h"
 
 #include "boxes/failure_report.h"
-#include "cardfile/identity.h"
+#include "cardfile/new_identity.h"
 #include "cardfile/reader.h"
 #include "cardfile/save_checks.h"
 #include "cardfile/writer.h"
@@ -185,16 +185,9 @@ void open_file(int& step) {
 }
 
 void save_card(int& step) {
-    using Check = bool (*)();
-    constexpr std::pair<int, Check> checks[] = {
-        {2, chk_nodata}, {3, chk_nolink}, {4, chk_maxdata}, {5, chk_selots}, {55, chk_sameots}};
-
     update_links();
-    for (auto const& [number, check] : checks) {
-        step = number;
-        if (!check())
-            return;
-    }
+    if (!run_save_checks(step))
+        return;
     step = 6;
     if (Trim(session.cardFile).empty()) {
         cmdTallennaNimella_Click();

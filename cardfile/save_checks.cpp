@@ -9,6 +9,7 @@
 #include "surface/visuals.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace kehystin {
@@ -156,6 +157,18 @@ bool chk_sameots() {
                    " Haluatko siitä huolimatta käyttää samannimisiä otsikoita?"}),
             box::information + box::yes_no + box::second_default, " Samannimisiä otsikoita");
     return answer == Answer::yes;
+}
+
+bool run_save_checks(int& step) {
+    using Check = bool (*)();
+    constexpr std::pair<int, Check> checks[] = {
+        {2, chk_nodata}, {3, chk_nolink}, {4, chk_maxdata}, {5, chk_selots}, {55, chk_sameots}};
+    for (auto const& [number, check] : checks) {
+        step = number;
+        if (!check())
+            return false;
+    }
+    return true;
 }
 
 void order_nolink() {

@@ -17,6 +17,10 @@ bool chk_selots();
 /// Linked titles of the same caption are asked about.
 bool chk_sameots();
 
+/// All of them in their order. The number by which a save tells its failure is in `step`. False as
+/// soon as one stops the save.
+bool run_save_checks(int& step);
+
 /// Moves the titles marked "NOLINK" to the front of the field array, keeping the order of the rest.
 /// Nothing calls it: a save leaves the fields in their order.
 void order_nolink();

@@ -1,4 +1,4 @@
-#include "cardfile/identity.h"
+#include "cardfile/new_identity.h"
 
 #include "card/identity.h"
 #include "model/card.h"

@@ -160,8 +160,8 @@ bool chk_sameots() {
 }
 
 bool run_save_checks(int& step) {
-    using Check = bool (*)();
-    constexpr std::pair<int, Check> checks[] = {
+    using SaveCheck = bool (*)();
+    constexpr std::pair<int, SaveCheck> checks[] = {
         {2, chk_nodata}, {3, chk_nolink}, {4, chk_maxdata}, {5, chk_selots}, {55, chk_sameots}};
     for (auto const& [number, check] : checks) {
         step = number;

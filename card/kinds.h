@@ -120,9 +120,13 @@ inline constexpr int highest_style = static_cast<int>(kinds.size()) - 1;
 
 static_assert(
     [] {
-        for (int code = 0; code <= highest_style; ++code)
-            if (!kind_of(code))
+        for (int code = 0; code <= highest_style; ++code) {
+            int rows = 0;
+            for (auto const& kind : kinds)
+                rows += code_of(kind.style) == code ? 1 : 0;
+            if (rows != 1)
                 return false;
+        }
         return true;
     }(),
     "a row for each style");

@@ -141,7 +141,12 @@ class Reader {
     }
 
     void take_value(std::string_view item) {
-        auto const equals = item.find('=');
+        // One item may hold all keys, and be as long as the file.
+        if (item.data() != item_.data() || item.size() != item_.size()) {
+            item_ = item;
+            equals_ = item.find('=');
+        }
+        auto const equals = equals_;
         value_ = equals == std::string_view::npos ? std::string_view()
                                                   : item.substr(equals + 1, longest_value);
         if (value_.find(comma_stand_in) == std::string_view::npos)
@@ -167,6 +172,8 @@ class Reader {
     std::function<bool(Finding const&)> const& go_on_;
     CardRepair repair_;
     std::string key_;
+    std::string_view item_; ///< the last one that was looked at, and where its sign is
+    std::size_t equals_ = std::string_view::npos;
     std::string_view value_; ///< code page bytes, of the file or of kept_value_
     std::string kept_value_;
 };
@@ -174,12 +181,11 @@ class Reader {
 } // namespace
 
 std::string Reading::report() const {
-    constexpr std::size_t longest = 100'000; // more than this nobody reads in a box
     std::string rows;
     for (auto const& finding : findings) {
         if (finding.row.empty())
             continue;
-        if (rows.size() > longest)
+        if (rows.size() > longest_report)
             break;
         rows += finding.row;
         rows += line_break;

@@ -22,9 +22,10 @@ struct Finding {
     };
     What what;
     std::string key;   ///< "field(3).left"
-    std::string found; ///< as the file has it, its first 1,000 characters at most
+    std::string found; ///< as the file has it, its first 500 characters at most
     std::string kept;  ///< as the card has it now
     std::string row;   ///< of the report to the user; empty where the repair is not told
+                       ///< or the report is long enough
 };
 
 /// What reading needs to know of the world around the file.
@@ -41,6 +42,9 @@ struct Surroundings {
     /// Told whenever the search for a key starts anew at the top of the file; false gives up.
     std::function<bool()> from_top = {};
 };
+
+/// A report is cut behind the row that makes it longer: more bytes than this nobody reads.
+inline constexpr std::size_t longest_report = 100'000;
 
 struct Reading {
     enum class End { read, not_a_card, given_up };

@@ -24,7 +24,7 @@ namespace {
 constexpr double beyond_integers = 31111;
 
 /// Of a value that cannot stand so much is kept to tell it: a hostile file has thousands of them.
-constexpr std::size_t longest_told = 1000;
+constexpr std::size_t longest_told = 500;
 
 /// A number beyond a double has no digits of its own: its row shows what is written.
 std::string shown_number(double number, std::string_view value) {
@@ -43,6 +43,9 @@ void put_number(MemberRef const& member, double number) {
 } // namespace
 
 void CardRepair::tell(Finding::What what, Place const& place, std::string kept, std::string row) {
+    report_size_ += row.size();
+    if (report_size_ > longest_report + row.size())
+        row.clear();
     reading_.findings.push_back({what, place.key,
                                  from_code_page(place.value.substr(0, longest_told)),
                                  std::move(kept), std::move(row)});

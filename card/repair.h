@@ -37,6 +37,7 @@ class CardRepair {
 
     Reading& reading_;
     Surroundings const& around_;
+    std::size_t report_size_ = 0;
 };
 
 } // namespace kehystin

@@ -3,6 +3,7 @@
 #include "card/format.h"
 #include "card/reading.h"
 #include "card/writing.h"
+#include "krt/files.h"
 #include "krt/findings.h"
 
 #include <charconv>
@@ -99,7 +100,7 @@ double date_number(Json const& value, std::string const& pointer) {
     auto const text = value.is_string() ? value.get<std::string>() : std::string();
     auto const date = text.size() == 10 && text[4] == '-' ? read_date(text) : std::nullopt;
     if (!date)
-        throw BadJson(pointer, "pitäisi olla päivä muodossa \"2026-11-23\"");
+        throw BadJson(pointer, "pitäisi olla kalenterin päivä muodossa \"2026-11-23\"");
     return *date;
 }
 
@@ -259,9 +260,11 @@ void require_readable(CardData const& card, Date today) {
     Surroundings around;
     around.today = today;
     around.folder = "+";
+    SampleFont sample;
+    around.kept_font = [&](std::string const& name) { return sample.kept(name); };
     auto read = read_card(bytes, {}, around);
     for (auto const& finding : read.findings)
-        throw BadJson(pointer_of(finding.key), text_of(finding));
+        throw BadJson(pointer_of(finding.key), "arvo " + quoted(finding.found) + " ei kelpaa");
     auto wanted = card;
     require_same(card_to_json(wanted), card_to_json(read.data));
 }

@@ -43,7 +43,16 @@ Pairs pair_fields(CardData const& first, CardData const& second) {
         return first.field(i).style == second.field(j).style;
     };
     auto const same_caption = [&](int i, int j) {
-        return caption_of(first.field(i)) == caption_of(second.field(j));
+        auto const& one = first.field(i);
+        auto const& other = second.field(j);
+        return one.caption.is_blank() == other.caption.is_blank() &&
+               caption_of(one) == caption_of(other);
+    };
+    auto const same_place = [&](int i, int j) {
+        auto const& one = first.field(i);
+        auto const& other = second.field(j);
+        return one.left == other.left && one.top == other.top && one.width == other.width &&
+               one.height == other.height;
     };
     auto const same_role = [&](int i, int j) {
         return first.field(i).is_title() == second.field(j).is_title();
@@ -61,6 +70,8 @@ Pairs pair_fields(CardData const& first, CardData const& second) {
                     !caption_of(first.field(i)).empty())
                     join(i, j);
     };
+    join_numbers(
+        [&](int i, int j) { return same_place(i, j) && (same_kind(i, j) || same_caption(i, j)); });
     join_numbers([&](int i, int j) { return same_kind(i, j) && same_caption(i, j); });
     join_captions(same_kind);
     join_captions(same_role); // of another kind now
@@ -178,18 +189,25 @@ std::string in_words(Json const& one, CardData const& first, CardData const& sec
 } // namespace
 
 Status diff(std::string const& first, std::string const& second, Form form) {
+    auto status = Status::quiet;
     std::optional<kehystin::Reading> readings[2];
     for (auto const& [file, reading] : {std::pair(std::cref(first), std::ref(readings[0])),
                                         std::pair(std::cref(second), std::ref(readings[1]))}) {
         auto const bytes = read_bytes(file);
         if (bytes)
-            reading.get() = Reader{Fonts::kept, Pictures::kept}.read(file, *bytes);
+            reading.get() = Reader{Pictures::kept}.read(file, *bytes);
         if (!reading.get())
-            return Status::failed;
-        tell_faults(file, *reading.get());
-        if (auto const linking = kehystin::link_card(reading.get()->data); linking.failure)
+            continue;
+        auto& read = *reading.get();
+        auto const linking = kehystin::link_card(read.data);
+        if (linking.failure)
             complain(file, text_of(*linking.failure));
+        if (!tell_faults(file, read) || linking.failure)
+            status = Status::findings;
+        read.findings = {}; // they may be many, and the other card needs room too
     }
+    if (!readings[0] || !readings[1])
+        return Status::failed;
     auto& before = readings[0]->data;
     auto& after = readings[1]->data;
     Comparison const comparison(before, after);
@@ -207,7 +225,7 @@ Status diff(std::string const& first, std::string const& second, Form form) {
         if (another && !found.empty())
             print("kortista on tullut toinen kortti\n");
     }
-    return found.empty() ? Status::quiet : Status::findings;
+    return found.empty() ? status : Status::findings;
 }
 
 } // namespace krt

@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <new>
@@ -44,19 +43,6 @@ std::optional<std::string> read_all(std::FILE* from, std::size_t size) {
     return bytes;
 }
 
-/// The sample label of the editor begins with this font, and keeps the last one that it took.
-class SampleFont {
-  public:
-    std::string kept(std::string const& name) {
-        if (kehystin::is_font_name(name))
-            name_ = name;
-        return name_;
-    }
-
-  private:
-    std::string name_ = "MS Sans Serif";
-};
-
 constexpr std::string_view beside = "+"; // before the path of a picture in the card's folder
 
 /// What the system says of a failure, for the usual ones.
@@ -75,8 +61,12 @@ std::string fault_of(int error) {
         return "on hakemisto";
     case ENOTDIR:
         return "polussa on tiedosto, joka ei ole hakemisto";
+    case ENAMETOOLONG:
+        return "nimi on liian pitkä";
+    case EIO:
+        return "laite ei toimi";
     default:
-        return std::strerror(error);
+        return "järjestelmän virhe " + std::to_string(error);
     }
 }
 
@@ -86,6 +76,12 @@ bool is_file(std::string const& path) {
 }
 
 } // namespace
+
+std::string SampleFont::kept(std::string const& name) {
+    if (base::is_font_name(name))
+        name_ = name;
+    return name_;
+}
 
 kehystin::Date today() {
     auto const now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
@@ -102,13 +98,16 @@ Status each(Files const& files, std::function<Status(std::string const&)> const&
         } catch (std::bad_alloc const&) {
             complain(file, "muisti ei riitä");
             status = Status::failed;
+        } catch (std::exception const& fault) {
+            complain(file, std::string("ohjelmassa on virhe: ") + fault.what());
+            status = Status::failed;
         }
     }
     return status;
 }
 
 void complain(std::string const& file, std::string_view what) {
-    std::fprintf(stderr, "krt: %s: %.*s\n", file == "-" ? "vakiosyöte" : file.c_str(),
+    std::fprintf(stderr, "krt: %s: %.*s\n", file == "-" ? "vakiosyöte" : plain(file).c_str(),
                  static_cast<int>(what.size()), what.data());
 }
 
@@ -147,8 +146,7 @@ std::optional<kehystin::Reading> Reader::read(std::string const& file, std::stri
             return is_file(path.starts_with(beside) ? base::folder_part(file) + path.substr(1)
                                                     : path);
         };
-    if (fonts == Fonts::judged)
-        around.kept_font = [&](std::string const& name) { return sample.kept(name); };
+    around.kept_font = [&](std::string const& name) { return sample.kept(name); };
     try {
         auto reading = kehystin::read_card(bytes, {}, around);
         if (reading.end == kehystin::Reading::End::read)
@@ -183,26 +181,41 @@ int write_all(std::FILE* to, std::string_view bytes) {
     return done ? 0 : errno;
 }
 
+/// A file of its own name beside another, empty; nothing and errno where there can be none.
+std::optional<std::string> new_file_beside(fs::path const& file) {
+    auto pattern = (file.parent_path() / ".krt.XXXXXX").string();
+    int const descriptor = mkstemp(pattern.data());
+    if (descriptor < 0)
+        return std::nullopt;
+    ::close(descriptor);
+    return pattern;
+}
+
 /// A copy under a name of its own first: an older one stays until the new one is whole.
 void keep_backup(fs::path const& file, std::error_code& failed) {
-    auto const copy = file.string() + ".~";
-    fs::copy_file(file, copy, fs::copy_options::overwrite_existing, failed);
+    auto const copy = new_file_beside(file);
+    if (!copy) {
+        failed = std::error_code(errno, std::generic_category());
+        return;
+    }
+    fs::copy_file(file, *copy, fs::copy_options::overwrite_existing, failed);
     if (!failed)
-        fs::rename(copy, file.string() + "~", failed);
+        fs::permissions(*copy, fs::status(file).permissions(), failed);
+    if (!failed)
+        fs::rename(*copy, file.string() + "~", failed);
     std::error_code ignored;
     if (failed)
-        fs::remove(copy, ignored);
+        fs::remove(*copy, ignored);
 }
 
 /// A new file beside it takes its place when it is whole. The error, or 0.
 int replace_file(fs::path const& file, std::string_view bytes, bool backup) {
-    auto pattern = (file.parent_path() / ".krt.XXXXXX").string();
-    int const descriptor = mkstemp(pattern.data());
-    if (descriptor < 0)
+    auto const unfinished = new_file_beside(file);
+    if (!unfinished)
         return errno;
-    OpenFile to(fdopen(descriptor, "wb"));
+    OpenFile to(std::fopen(unfinished->c_str(), "wb"));
     int error = write_all(to.get(), bytes);
-    if (error == 0 && fsync(descriptor) != 0)
+    if (error == 0 && fsync(fileno(to.get())) != 0)
         error = errno;
     to.reset();
     std::error_code failed;
@@ -211,16 +224,16 @@ int replace_file(fs::path const& file, std::string_view bytes, bool backup) {
         auto const old = fs::status(file, failed);
         auto const mask = umask(0);
         umask(mask);
-        fs::permissions(pattern, fs::exists(old) ? old.permissions() : fs::perms(0666 & ~mask),
+        fs::permissions(*unfinished, fs::exists(old) ? old.permissions() : fs::perms(0666 & ~mask),
                         failed);
-        if (backup && fs::exists(old))
+        if (!failed && backup && fs::exists(old))
             keep_backup(file, failed);
-        if (!failed || !backup)
-            fs::rename(pattern, file, failed);
+        if (!failed)
+            fs::rename(*unfinished, file, failed);
         error = failed.value();
     }
     if (error != 0)
-        fs::remove(pattern, failed);
+        fs::remove(*unfinished, failed);
     return error;
 }
 
@@ -231,7 +244,11 @@ bool write_whole(std::string const& file, std::string_view bytes, bool backup) {
         return print(bytes);
     std::error_code none;
     auto const known = fs::exists(file, none);
-    auto const target = known ? fs::canonical(file, none) : fs::path(file); // behind any link
+    // Behind any link, also one that leads to nothing yet.
+    auto const target = known ? fs::canonical(file, none)
+                        : fs::is_symlink(file, none)
+                            ? fs::path(file).parent_path() / fs::read_symlink(file, none)
+                            : fs::path(file);
     int error = EISDIR;
     if (!known || fs::is_regular_file(target, none))
         error = replace_file(target, bytes, backup);

@@ -19,6 +19,16 @@ Status each(Files const& files, std::function<Status(std::string const&)> const&
 
 kehystin::Date today();
 
+/// The font that a card has for each name of its file, one after the other: the sample label of the
+/// editor begins with one, and keeps the last that it took.
+class SampleFont {
+  public:
+    std::string kept(std::string const& name);
+
+  private:
+    std::string name_ = "MS Sans Serif";
+};
+
 /// A line on standard error: the file and what is wrong with it.
 void complain(std::string const& file, std::string_view what);
 
@@ -26,13 +36,11 @@ void complain(std::string const& file, std::string_view what);
 /// read.
 std::optional<std::string> read_bytes(std::string const& file);
 
-enum class Fonts { judged, kept };
 enum class Pictures { looked_for, kept };
 
 /// Reads a card as the editor does after Yes to every question; a picture beside the card keeps its
 /// "+". Nothing, with a complaint, for a file that cannot be read or that is no card.
 struct Reader {
-    Fonts fonts = Fonts::judged;
     Pictures pictures = Pictures::looked_for;
 
     /// `fault` gets the words of the complaint too.
@@ -48,8 +56,8 @@ bool tell_faults(std::string const& file, kehystin::Reading const& reading);
 bool print(std::string_view text);
 
 /// Writes a file whole or not at all, where it is one: into a device it writes straight, and "-" is
-/// standard output. With
-/// `backup` an old one is kept under its name and "~". False, with a complaint, where it could not.
+/// standard output. With `backup` an old one is kept under its name and "~". False, with a
+/// complaint, where it could not.
 bool write_whole(std::string const& file, std::string_view bytes, bool backup = false);
 
 } // namespace krt

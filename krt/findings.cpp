@@ -10,9 +10,6 @@ namespace krt {
 using kehystin::Check;
 using kehystin::Finding;
 
-namespace {
-
-/// A value as it can stand in a line, short enough.
 std::string quoted(std::string const& value) {
     constexpr std::size_t longest = 120; // characters
     auto line = plain(value);
@@ -21,11 +18,18 @@ std::string quoted(std::string const& value) {
     return "”" + line + "”";
 }
 
-} // namespace
-
 std::string plain(std::string_view text) {
-    auto line = base::in_one_line(text);
-    std::erase_if(line, [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; });
+    std::string line;
+    auto const joined = base::in_one_line(text);
+    for (std::size_t i = 0; i < joined.size(); ++i) {
+        auto const byte = static_cast<unsigned char>(joined[i]);
+        // The second half of the code page's controls has two bytes, and terminals obey it too.
+        auto const next = i + 1 < joined.size() ? static_cast<unsigned char>(joined[i + 1]) : 0;
+        if (byte == 0xC2 && next >= 0x80 && next < 0xA0)
+            ++i;
+        else if (byte >= ' ' && byte != 0x7F)
+            line += joined[i];
+    }
     return line;
 }
 

@@ -12,6 +12,8 @@ namespace krt {
 
 /// A text of a card as it can stand in a line: without what would break or colour it.
 std::string plain(std::string_view text);
+/// The same between quotes, and short.
+std::string quoted(std::string const& value);
 
 /// "repaired" and so on, as programs know it.
 std::string_view name_of(kehystin::Finding::What what);

@@ -13,7 +13,7 @@ constexpr std::size_t largest_json =
 
 Status json_of_file(std::string const& file) {
     auto const bytes = read_bytes(file);
-    auto reading = bytes ? Reader{Fonts::kept, Pictures::kept}.read(file, *bytes) : std::nullopt;
+    auto reading = bytes ? Reader{Pictures::kept}.read(file, *bytes) : std::nullopt;
     if (!reading)
         return Status::failed;
     constexpr int indent = 2;

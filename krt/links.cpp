@@ -22,7 +22,7 @@ std::string as_text(std::string const& file, kehystin::CardData const& card,
     }
     std::string text;
     for (auto const& [title, data] : lines)
-        text += file + ": " + std::to_string(title) + " " +
+        text += plain(file) + ": " + std::to_string(title) + " " +
                 plain(card.field(title).caption.trimmed()) + ": " + data + "\n";
     return text;
 }
@@ -37,7 +37,7 @@ std::string as_json(std::string const& file, kehystin::Linking const& linking) {
 
 Status links_of_file(std::string const& file, Form form) {
     auto const bytes = read_bytes(file);
-    auto reading = bytes ? Reader{Fonts::kept, Pictures::kept}.read(file, *bytes) : std::nullopt;
+    auto reading = bytes ? Reader{Pictures::kept}.read(file, *bytes) : std::nullopt;
     if (!reading)
         return Status::failed;
     auto const linking = kehystin::link_card(reading->data);

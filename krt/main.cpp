@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <functional>
 #include <iostream>
 #include <new>
 
@@ -21,6 +22,7 @@ char const* const commands_group = "Komennot";
 
 /// What the words of the command line ask for, run behind their parsing.
 struct Wanted {
+    std::function<Status()> command;
     Files files;
     bool json = false;
     std::string output;
@@ -30,12 +32,15 @@ struct Wanted {
     Form form() const { return json ? Form::json : Form::text; }
 };
 
-CLI::App* add_command(CLI::App& program, Wanted& wanted, char const* name, char const* what) {
-    auto* const command = program.add_subcommand(name, what)->group(commands_group);
-    command->add_option("FILE", wanted.files, "korttitiedostoja, - on vakiosyöte")
-        ->required()
-        ->type_name("");
-    return command;
+/// A command over `count` files, any number without it.
+CLI::App& add_command(CLI::App& program, Wanted& wanted, char const* name, char const* what,
+                      char const* files, std::function<Status()> command, int count = 0) {
+    auto& added = *program.add_subcommand(name, what)->group(commands_group);
+    auto& option = *added.add_option("FILE", wanted.files, files)->required()->type_name("");
+    if (count != 0)
+        option.expected(count);
+    added.callback([&wanted, command = std::move(command)] { wanted.command = command; });
+    return added;
 }
 
 void add_json(CLI::App& command, Wanted& wanted) {
@@ -45,11 +50,13 @@ void add_json(CLI::App& command, Wanted& wanted) {
 /// What is wrong with the command line.
 std::string fault_of(CLI::Error const& error) {
     if (dynamic_cast<CLI::RequiredError const*>(&error))
-        return "komento, tiedosto tai valitsin puuttuu";
+        return "komento, tiedosto tai valitsin puuttuu, tai komentoa ei ole";
     if (dynamic_cast<CLI::ExtrasError const*>(&error))
         return "tuntematon komento, valitsin tai liikaa tiedostoja";
     if (dynamic_cast<CLI::ExcludesError const*>(&error))
         return "valitsimet eivät sovi yhteen";
+    if (dynamic_cast<CLI::ArgumentMismatch const*>(&error))
+        return "tiedostoja tai valitsimia on väärä määrä";
     if (dynamic_cast<CLI::ConversionError const*>(&error))
         return "valitsimen arvo ei ole luku";
     return "komento on virheellinen";
@@ -110,26 +117,59 @@ bool flush_output() {
     return false;
 }
 
-int run(CLI::App& program, Wanted& wanted) {
-    auto const chosen = program.get_subcommands().front()->get_name();
-    auto const status = [&] {
-        if (chosen == "check")
-            return krt::check(wanted.files, wanted.form());
-        if (chosen == "repair")
-            return krt::repair(wanted.files, wanted.repair);
-        if (chosen == "links")
-            return krt::links(wanted.files, wanted.form());
-        if (chosen == "diff")
-            return krt::diff(wanted.files.front(), wanted.files.back(), wanted.form());
-        if (chosen == "json")
-            return krt::to_json(wanted.files);
-        if (chosen == "draw")
-            return krt::draw(wanted.files.front(), wanted.drawing);
-        if (chosen == "form")
-            return krt::form(wanted.files.front(), wanted.output);
-        return krt::make(wanted.files.front(), wanted.output);
-    }();
-    return static_cast<int>(status);
+void add_commands(CLI::App& program, Wanted& wanted) {
+    auto const* const cards = "korttitiedostoja, - on vakiosyöte";
+    auto const* const card = "korttitiedosto, - on vakiosyöte";
+    auto const* const to_file = "tiedostoon eikä tulosteeseen";
+    auto const& files = wanted.files;
+
+    add_json(add_command(program, wanted, "check", "tarkistaa kortit", cards,
+                         [&] { return krt::check(files, wanted.form()); }),
+             wanted);
+
+    auto& repair = add_command(program, wanted, "repair", "kirjoittaa kortit korjattuina", cards,
+                               [&] { return krt::repair(files, wanted.repair); });
+    auto* const in_place = repair.add_flag("--in-place", wanted.repair.in_place,
+                                           "tiedoston itsensä päälle, vanha jää nimelle FILE~");
+    repair.add_option("-o", wanted.repair.file, to_file)->type_name("X.krt")->excludes(in_place);
+    repair.add_flag("--always", wanted.repair.always, "myös kun korjattavaa ei ole");
+
+    add_json(add_command(program, wanted, "links", "luettelee linkit", cards,
+                         [&] { return krt::links(files, wanted.form()); }),
+             wanted);
+
+    add_json(add_command(
+                 program, wanted, "diff", "vertaa kahta korttia",
+                 "vanha ja uusi kortti, - on vakiosyöte",
+                 [&] { return krt::diff(files.front(), files.back(), wanted.form()); }, 2),
+             wanted);
+
+    add_command(program, wanted, "json", "tulostaa kortin JSONina", cards,
+                [&] { return krt::to_json(files); });
+
+    auto& make = add_command(
+        program, wanted, "make", "tekee kortin JSONista", "JSON-tiedosto, - on vakiosyöte",
+        [&] { return krt::make(files.front(), wanted.output); }, 1);
+    make.add_option("-o", wanted.output, to_file)->type_name("X.krt");
+
+    auto& draw = add_command(
+        program, wanted, "draw", "piirtää kortin kuvaksi", card,
+        [&] { return krt::draw(files.front(), wanted.drawing); }, 1);
+    draw.add_option("-o", wanted.drawing.file, "kuvaan, - on PNG tulosteeseen")
+        ->required()
+        ->type_name("X.png|.svg|.pdf");
+    draw.add_flag("--links", wanted.drawing.links, "myös linkkien viivat");
+    draw.add_option("--scale", wanted.drawing.scale,
+                    "kuvan pikseleitä kortin pikseliä kohti, 0.25 - 8")
+        ->type_name("LUKU");
+
+    auto& form = add_command(
+        program, wanted, "form", "tekee kortista sivun selaimeen", card,
+        [&] { return krt::form(files.front(), wanted.output); }, 1);
+    form.add_option("-o", wanted.output, to_file)->type_name("X.html");
+
+    for (auto* const command : program.get_subcommands({}))
+        command->get_help_ptr()->group(options_group);
 }
 
 } // namespace
@@ -143,60 +183,7 @@ int main(int argc, char* argv[]) {
                    "tai kirjoittaa tai komento on virheellinen.");
     Wanted wanted;
 
-    add_json(*add_command(program, wanted, "check", "tarkistaa kortit"), wanted);
-
-    auto* const repair = add_command(program, wanted, "repair", "kirjoittaa kortit korjattuina");
-    auto* const in_place = repair->add_flag("--in-place", wanted.repair.in_place,
-                                            "tiedoston itsensä päälle, vanha jää nimelle FILE~");
-    repair->add_option("-o", wanted.repair.file, "tiedostoon eikä tulosteeseen")
-        ->type_name("X.krt")
-        ->excludes(in_place);
-    repair->add_flag("--always", wanted.repair.always, "myös kun korjattavaa ei ole");
-
-    add_json(*add_command(program, wanted, "links", "luettelee linkit"), wanted);
-
-    auto* const diff =
-        program.add_subcommand("diff", "vertaa kahta korttia")->group(commands_group);
-    diff->add_option("FILE", wanted.files, "vanha ja uusi kortti, - on vakiosyöte")
-        ->required()
-        ->type_name("")
-        ->expected(2);
-    add_json(*diff, wanted);
-
-    add_command(program, wanted, "json", "tulostaa kortin JSONina");
-
-    auto* const make =
-        program.add_subcommand("make", "tekee kortin JSONista")->group(commands_group);
-    make->add_option("FILE", wanted.files, "JSON-tiedosto, - on vakiosyöte")
-        ->required()
-        ->type_name("")
-        ->expected(1);
-    make->add_option("-o", wanted.output, "tiedostoon eikä tulosteeseen")->type_name("X.krt");
-
-    auto* const draw =
-        program.add_subcommand("draw", "piirtää kortin kuvaksi")->group(commands_group);
-    draw->add_option("FILE", wanted.files, "korttitiedosto, - on vakiosyöte")
-        ->required()
-        ->type_name("")
-        ->expected(1);
-    draw->add_option("-o", wanted.drawing.file, "kuvaan, - on PNG tulosteeseen")
-        ->required()
-        ->type_name("X.png|.svg|.pdf");
-    draw->add_flag("--links", wanted.drawing.links, "myös linkkien viivat");
-    draw->add_option("--scale", wanted.drawing.scale,
-                     "kuvan pikseleitä kortin pikseliä kohti, 0.25 - 8")
-        ->type_name("LUKU");
-
-    auto* const form =
-        program.add_subcommand("form", "tekee kortista sivun selaimeen")->group(commands_group);
-    form->add_option("FILE", wanted.files, "korttitiedosto, - on vakiosyöte")
-        ->required()
-        ->type_name("")
-        ->expected(1);
-    form->add_option("-o", wanted.output, "tiedostoon eikä tulosteeseen")->type_name("X.html");
-    for (auto* const command : program.get_subcommands({}))
-        command->get_help_ptr()->group(options_group);
-
+    add_commands(program, wanted);
     try {
         program.parse(argc, argv);
     } catch (CLI::ParseError const& error) {
@@ -208,8 +195,8 @@ int main(int argc, char* argv[]) {
         return static_cast<int>(Status::failed);
     }
     try {
-        auto const status = run(program, wanted);
-        return flush_output() ? status : static_cast<int>(Status::failed);
+        auto const status = wanted.command();
+        return static_cast<int>(flush_output() ? status : Status::failed);
     } catch (std::bad_alloc const&) {
         std::cerr << "krt: muisti ei riitä\n";
         return static_cast<int>(Status::failed);

@@ -13,6 +13,12 @@ namespace krt {
 namespace {
 
 Status repair_file(std::string const& file, RepairTarget const& target) {
+    std::error_code unknown;
+    if (target.in_place && file != "-" && std::filesystem::exists(file, unknown) &&
+        !std::filesystem::is_regular_file(file, unknown)) {
+        complain(file, "ei ole tavallinen tiedosto");
+        return Status::failed;
+    }
     auto const bytes = read_bytes(file);
     if (!bytes)
         return Status::failed;
@@ -29,6 +35,9 @@ Status repair_file(std::string const& file, RepairTarget const& target) {
     if (!wrong && !target.always)
         return status;
     auto const written = kehystin::write_card(reading->data);
+    // A picture that is missing changes nothing in the file, and nothing is kept of it.
+    if (target.in_place && written == *bytes)
+        return status;
     if (target.in_place && file != "-")
         return write_whole(file, written, true) ? status : Status::failed;
     if (!target.file.empty())

@@ -25,6 +25,12 @@ sed -i 's/^\(field(4).caption=\)Yritys/\1Firma/' asiakkaat.krt
 sed -i 's/^\(field(1).caption=\)Esine/\1Tavara/' rikki.krt
 echo "vieläkään ei" > muu.krt
 
+krt() { "$krt" "$@"; }
+git add -A
+! eval "$(sed -n "s/^    \(git diff --cached .*\)$/\1/p" "$sources/docs/krt.md" | sed "s|krt check|'$krt' check|")" > found
+grep -q '^rikki.krt: ' found
+git reset -q
+
 git diff > shown
 grep -q '^+      "caption": "Tavara",' shown
 grep -q '^-      "caption": "Yritys",' shown

@@ -133,6 +133,7 @@ TEST_F(Krt, DiffFollowsWhatOnlyGotAnotherNumber) {
     auto title = changed["fields"][0];
     title["caption"] = "Aivan uusi";
     title["value"] = "NOLINK";
+    title["left"] = 17;
     changed["fields"].insert(changed["fields"].begin(), title);
     for (std::size_t i = 1; i < changed["fields"].size(); ++i) {
         auto& link = changed["fields"][i]["linkki"];
@@ -160,8 +161,11 @@ TEST_F(Krt, ACardReadOtherwiseThanItStandsIsTold) {
         EXPECT_TRUE(err.starts_with("krt: rikki.krt: luettu korjattuna, ")) << err;
         EXPECT_NE(out, "");
     }
-    EXPECT_EQ(run("diff rikki.krt rikki.krt"), 0);
+    EXPECT_EQ(run("diff rikki.krt rikki.krt"), 1);
+    EXPECT_EQ(out, "");
     EXPECT_NE(err, "");
+    EXPECT_EQ(run("diff puuttuu.krt teksti.krt"), 2);
+    EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 2);
     // What a terminal would obey stays in the file.
     write_changed("v.krt", "vanha.krt", "caption=Nimi", "caption=\x1b[31m");
     EXPECT_EQ(run("links v.krt"), 0);
@@ -209,4 +213,78 @@ TEST_F(Krt, MakeNamesThePlaceOfWhatIsWrong) {
         EXPECT_EQ(run("make k.json"), 2);
         EXPECT_NE(err.find(what), std::string::npos) << err;
     }
+}
+
+TEST_F(Krt, EveryFindingAndCheckHasItsName) {
+    // Titles without data and a data field without a title, a check field without a label, and 51
+    // linked titles of one caption; beside it what reading finds.
+    std::string card = "Norvak Cardfile\r\ncard.name=" + std::string(51, 'n') +
+                       ",card.color=0,card.transp=0,card.width=59,card.height=2000,card.picture=x,"
+                       "card.ID=,card.fields=107\r\n";
+    int number = 0;
+    auto const add = [&](int style, int left, int top, int width, std::string const& caption) {
+        auto const key = "field(" + std::to_string(++number) + ").";
+        for (auto const& [name, value] : std::initializer_list<std::pair<char const*, std::string>>{
+                 {"style", std::to_string(style)},
+                 {"caption", caption},
+                 {"group", ""},
+                 {"list", ""},
+                 {"size", "1"},
+                 {"value", ""},
+                 {"left", std::to_string(left)},
+                 {"top", std::to_string(top)},
+                 {"width", std::to_string(width)},
+                 {"height", "16"},
+                 {"fontName", "Arial"},
+                 {"fontSize", "8"},
+                 {"fontBold", "0"},
+                 {"fontItalic", "0"},
+                 {"foreColor", "0"},
+                 {"backColor", "0"},
+                 {"tabIndex", "1"}})
+            card += key + name + "=" + value + ",";
+        card += "\r\n";
+    };
+    for (int i = 0; i < 51; ++i) {
+        add(0, 10, 100 + 30 * i, 20, "Sama");
+        add(1, 35, 100 + 30 * i, 20, "");
+    }
+    add(1, 10, 10, 20, "");       // above all titles
+    add(2, 35, 700, 20, "");      // linked, without a label
+    add(0, 250, 1900, 20, "Yli"); // a title with nothing near
+    add(1, 5, 5, 20, "");
+    write("k.krt", card);
+    EXPECT_EQ(run("check --json k.krt"), 1);
+    auto const told = Json::parse(out);
+    std::set<std::string> whats, checks;
+    for (auto const& finding : told["findings"])
+        whats.insert(finding["what"]);
+    std::vector<std::string> in_order;
+    for (auto const& check : told["checks"])
+        in_order.push_back(check["check"]);
+    EXPECT_EQ(whats, (std::set<std::string>{"cut", "missing_key", "missing_picture", "old_key",
+                                            "repaired"}));
+    EXPECT_EQ(in_order, (std::vector<std::string>{"no_title", "unlinked_title", "columns",
+                                                  "no_label", "same_title"}));
+    EXPECT_EQ(run("links --json k.krt"), 1);
+    EXPECT_EQ(Json::parse(out)["links"][0], Json::parse(R"({"title": 1, "data": 2})"));
+    EXPECT_EQ(run("check k.krt"), 1);
+    EXPECT_NE(out.find(" sarakekenttää, suositus on enintään 50\n"), std::string::npos);
+    write("e.krt", "x");
+    EXPECT_EQ(run("check --json e.krt puuttuu.krt"), 2);
+    EXPECT_TRUE(
+        out.starts_with(R"({"file":"e.krt","readable":false,"findings":[{"what":"not_a_card")"))
+        << out;
+    // What is the same card by now, in the words of programs.
+    take("vanha.krt");
+    write_changed("v.krt", "vanha.krt", "field(4).width=180", "field(4).width=170");
+    EXPECT_EQ(run("diff --json vanha.krt v.krt"), 1);
+    auto differences = Json::parse(out);
+    EXPECT_EQ(differences["differences"],
+              Json::parse(R"([{"field": 4, "member": "width", "before": 180, "after": 170}])"));
+    EXPECT_EQ(differences["before"], "vanha.krt");
+    EXPECT_EQ(differences["after"], "v.krt");
+    EXPECT_TRUE(differences["another_card"].is_boolean());
+    EXPECT_EQ(run("links vanha.krt | head -c 1", ""), 0);
+    EXPECT_EQ(err, "");
 }

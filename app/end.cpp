@@ -3,6 +3,7 @@
 #include "app/settings_file.h"
 #include "boxes/failure_report.h"
 #include "cardfile/document_commands.h"
+#include "cardfile/work_rescue.h"
 #include "forms/editor_form.h"
 #include "model/session.h"
 #include "platform/host.h"
@@ -20,6 +21,21 @@ void note_window_place() {
     settings.windowHeight = to_single(place.height);
 }
 
+/// The exit goes on whatever becomes of the saving; a card that was to be saved and was not is
+/// offered at the next start.
+void save_or_leave() {
+    bool const wanted =
+        session.cardModified &&
+        MsgBox(" Tallennetaanko nykyinen korttimalli ennen lopettamista?     ",
+               box::question + box::yes_no, " Korttimalli tallentamatta") == Answer::yes;
+    if (wanted)
+        cmdTallenna_Click();
+    if (wanted && session.cardModified)
+        leave_work();
+    else
+        drop_work();
+}
+
 bool ends_without_settings() {
     return MsgBox(lines({" Asetuksia ei voitu tallentaa.     ", "",
                          " Lopetetaanko ohjelma tallentamatta asetuksia?     "}),
@@ -31,10 +47,7 @@ bool ends_without_settings() {
 void cmd_lopeta_Click() {
     int step = 1;
     try {
-        if (session.cardModified &&
-            MsgBox(" Tallennetaanko nykyinen korttimalli ennen lopettamista?     ",
-                   box::question + box::yes_no, " Korttimalli tallentamatta") == Answer::yes)
-            cmdTallenna_Click();
+        save_or_leave();
         step = 2;
         note_window_place();
         step = 3;

@@ -18,6 +18,10 @@ class Program {
     /// comes through platform::input. Throws SessionEnd if the session ended on the way.
     void Main();
 
+    /// Makes the unsaved card safe on the disk, whatever is under way. Changes nothing in the
+    /// session and raises nothing.
+    void keep_work() noexcept;
+
   private:
     platform::System system_;
 };

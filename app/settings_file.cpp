@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <filesystem>
+#include <utility>
 
 namespace kehystin {
 
@@ -83,6 +85,18 @@ std::string file_path() {
     return session.windowsDir + std::string(file_name);
 }
 
+/// Settings that the disk did not give at the start may be whole: they are not written over.
+void keep_unread_file() {
+    if (!std::exchange(session.settings_unread, false) || !names_a_file(file_path()))
+        return;
+    std::error_code failed;
+    std::filesystem::rename(file_path(), file_path() + ".old", failed);
+    if (failed) {
+        session.settings_unread = true;
+        throw RuntimeError(ErrorNumber::path_file_access);
+    }
+}
+
 } // namespace
 
 std::vector<std::byte> settings_record(Settings const& from) {
@@ -139,12 +153,14 @@ bool ReadSettings() {
         return true;
     } catch (RuntimeError const& error) {
         take_repaired(record);
+        session.settings_unread = names_a_file(file_path());
         report(error);
         return false;
     }
 }
 
 void WriteSettings() {
+    keep_unread_file();
     write_record(file_path(), settings_record(settings));
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/end.h"
 #include "cardfile/document_commands.h"
+#include "cardfile/work_rescue.h"
 #include "dialogs/cols.h"
 #include "dialogs/help.h"
 #include "dialogs/info.h"
@@ -152,6 +153,7 @@ void wire_editor_form() {
     form.paintTimer.Tick = paintTimer_Timer;
     form.focusTimer.Tick = focusTimer_Timer;
     form.tipTimer.Tick = tipTimer_Timer;
+    form.rescueTimer.Tick = keep_work;
 }
 
 } // namespace kehystin

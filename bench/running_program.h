@@ -14,6 +14,7 @@ class RunningProgram {
     /// main window of that size.
     RunningProgram(QStringList const& arguments, QSize size) : host_(arguments) {
         qputenv("XDG_CONFIG_HOME", folder_.path().toUtf8());
+        qputenv("XDG_STATE_HOME", folder_.path().toUtf8());
         host_.run([&] {
             program_.Main();
             QTimer::singleShot(0, qApp, [] { QApplication::exit(); });

@@ -1,5 +1,7 @@
 #include "card/card.h"
 
+#include <algorithm>
+
 namespace kehystin {
 
 Field& CardData::field(int number) {
@@ -10,6 +12,14 @@ Field& CardData::field(int number) {
 
 Field const& CardData::field(int number) const {
     return const_cast<CardData*>(this)->field(number);
+}
+
+bool is_same_card(CardData const& one, CardData const& other) {
+    std::size_t const end = static_cast<std::size_t>(int{one.card.fields}) + 1;
+    // Behind the last field stands what was deleted.
+    return one.card == other.card && end <= one.fields.size() && end <= other.fields.size() &&
+           std::equal(one.fields.begin() + 1, one.fields.begin() + std::ptrdiff_t(end),
+                      other.fields.begin() + 1);
 }
 
 } // namespace kehystin

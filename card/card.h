@@ -32,6 +32,8 @@ struct Card {
     Date editDate = 0;
     FixedText<20> ID;
     FixedText<180> reserved; ///< travels with whole records, is neither read nor written
+
+    bool operator==(Card const&) const = default;
 };
 
 /// What `value` of a title says that must never receive automatic links.
@@ -72,6 +74,8 @@ struct Field {
     bool is_nolink() const { return trimmed_view(value.bytes()) == no_link; }
     Integer right() const { return left + width; }
     Integer bottom() const { return top + height; }
+
+    bool operator==(Field const&) const = default;
 };
 
 namespace limits {
@@ -97,5 +101,8 @@ struct CardData {
     Field& field(int number);
     Field const& field(int number) const;
 };
+
+/// True where the card and its fields are the same in every member.
+bool is_same_card(CardData const& one, CardData const& other);
 
 } // namespace kehystin

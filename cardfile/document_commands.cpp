@@ -1,9 +1,11 @@
 #include "cardfile/document_commands.h"
 
 #include "boxes/failure_report.h"
+#include "cardfile/known_file.h"
 #include "cardfile/new_identity.h"
 #include "cardfile/reader.h"
 #include "cardfile/save_checks.h"
+#include "cardfile/work_rescue.h"
 #include "cardfile/writer.h"
 #include "dialogs/wizard.h"
 #include "forms/card_form.h"
@@ -40,20 +42,26 @@ std::string step_of(int step) {
     return " S" + std::to_string(step);
 }
 
+constexpr std::string_view question_before_opening =
+    " Tallennetaanko nykyinen korttimalli ennen uuden avaamista?     ";
+
 /// Asks about unsaved changes. False when the user wanted them saved and they were not: the command
 /// then ends with the card still open.
 bool settle_changes(std::string_view question, int flags) {
     if (!session.cardModified)
         return true;
-    if (MsgBox(question, flags, " Korttimalli tallentamatta") != Answer::yes)
+    if (MsgBox(question, flags, " Korttimalli tallentamatta") != Answer::yes) {
+        drop_work();
         return true;
+    }
     cmdTallenna_Click();
     return !session.cardModified;
 }
 
 void show_file_in_title() {
     session.open_folder = folder_part(session.cardFile);
-    fEditor->Caption = session.appTitle + " - " + session.cardFile;
+    fEditor->Caption =
+        session.appTitle + " - " + (session.cardFile.empty() ? "Uusi kortti" : session.cardFile);
 }
 
 /// What new and opened cards have in common once the surface stands.
@@ -73,8 +81,8 @@ void begin_new_document() {
     card.ID = "";
     session.needNewID = true;
     session.cardFile.clear();
-    session.open_folder.clear();
-    fEditor->Caption = session.appTitle + " - Uusi kortti";
+    forget_known_file();
+    show_file_in_title();
 }
 
 void make_blank_card() {
@@ -129,13 +137,36 @@ void new_blank_card(int& step) {
 
 void new_card(int& step) {
     fEditor->focusTimer.Enabled = false;
-    if (!settle_changes(" Tallennetaanko nykyinen korttimalli ennen uuden avaamista?     ",
-                        box::question + box::yes_no))
+    if (!settle_changes(question_before_opening, box::question + box::yes_no))
         return;
     if (settings.showVelho != 0)
         new_card_by_wizard(step);
     else
         new_blank_card(step);
+}
+
+/// What an opened card has in common with a kept one once it is read. False when it cannot be
+/// shown.
+bool take_card(int& step, bool new_id) {
+    step = 5;
+    if (!show_card())
+        return false;
+    step = 6;
+    session.needNewID = new_id;
+    SaveCardBefore();
+    if (!session.cardFile.empty())
+        UpdateLastFiles(session.cardFile);
+    UpdDefVar();
+    step = 7;
+    fEditor->lst_value.Visible = false;
+    fEditor->lst_fontSize.Visible = false;
+    clear_card_changed();
+    show_file_in_title();
+    step = 8;
+    bring_up_card();
+    upd_sts();
+    note_open_file();
+    return true;
 }
 
 /// What the user chooses to open. Empty when it is nothing.
@@ -152,8 +183,7 @@ std::string full_name(std::string const& start_file) {
 void open_file(int& step) {
     // It counts for this opening only, also when the opening ends at the question below.
     auto const start_file = std::exchange(session.startFile, {});
-    if (!settle_changes(" Tallennetaanko nykyinen korttimalli ennen uuden avaamista?     ",
-                        box::warning + box::yes_no))
+    if (!settle_changes(question_before_opening, box::warning + box::yes_no))
         return;
     step = 2;
     auto const chosen = start_file.empty() ? choose_file() : full_name(start_file);
@@ -166,22 +196,7 @@ void open_file(int& step) {
     session.readFile = session.cardFile;
     if (!ReadCardFile(session.readFile))
         return; // the records of the open card stay, so that what stands can still be saved
-    step = 5;
-    if (!show_card())
-        return;
-    step = 6;
-    session.needNewID = false;
-    SaveCardBefore();
-    UpdateLastFiles(session.cardFile);
-    UpdDefVar();
-    step = 7;
-    fEditor->lst_value.Visible = false;
-    fEditor->lst_fontSize.Visible = false;
-    clear_card_changed();
-    show_file_in_title();
-    step = 8;
-    bring_up_card();
-    upd_sts();
+    take_card(step, false);
 }
 
 void save_card(int& step) {
@@ -193,7 +208,11 @@ void save_card(int& step) {
         cmdTallennaNimella_Click();
         return;
     }
+    if (!may_save_over(session.cardFile))
+        return;
     step = 7;
+    auto const before = open_card;
+    auto const new_id_before = session.needNewID;
     upd_tabIndex();
     card.editDate = Today();
     card.STPP = Integer(host().metrics().TwipsPerPixelX);
@@ -203,10 +222,13 @@ void save_card(int& step) {
         card.ID = GetNewID();
     step = 8;
     if (!SaveCardFile()) {
+        open_card = before;
+        session.needNewID = new_id_before;
         MarkCardChanged(); // the old contents may be gone, and then only this card has them
         return;
     }
     show_file_in_title();
+    note_open_file();
     step = 9;
     clear_card_changed();
 }
@@ -217,6 +239,7 @@ void close_card() {
         return;
     unload_card_form();
     show_no_card();
+    note_open_file();
 }
 
 /// Runs a command's steps. A cancelled dialog ends it quietly; any other failure has its box.
@@ -236,6 +259,11 @@ std::string failure_code(std::string_view command, RuntimeError const& error, in
            step_of(step);
 }
 
+void report_opening(RuntimeError const& error, int step) {
+    standard_report(" Korttimallin avaaminen aiheutti virheen     ", error,
+                    failure_code("P11", error, step));
+}
+
 } // namespace
 
 void cmd_new_Click() {
@@ -247,10 +275,7 @@ void cmd_new_Click() {
 }
 
 void cmd_open_Click() {
-    run_command(open_file, [](RuntimeError const& error, int step) {
-        standard_report(" Korttimallin avaaminen aiheutti virheen     ", error,
-                        failure_code("P11", error, step));
-    });
+    run_command(open_file, report_opening);
 }
 
 void cmdTallenna_Click() {
@@ -272,7 +297,9 @@ void cmdTallennaNimella_Click() {
         if (chosen.empty())
             return;
         session.cardFile = chosen;
+        may_replace(chosen);
         cmdTallenna_Click();
+        may_replace({}); // a later save is another question
     } catch (RuntimeError const& error) {
         if (!error.is(ErrorNumber::cancelled))
             MsgBox(lines({error.text(), support_lines()}), box::warning,
@@ -282,6 +309,30 @@ void cmdTallennaNimella_Click() {
 
 void cmd_close_Click() {
     close_card();
+}
+
+bool open_kept_card(std::string const& kept, std::string const& file, bool new_id) {
+    bool opened = false;
+    auto const open = [&](int& step) {
+        fEditor->focusTimer.Enabled = false;
+        if (!settle_changes(question_before_opening, box::warning + box::yes_no))
+            return;
+        auto const file_before = std::exchange(session.cardFile, file);
+        auto const folder_before = std::exchange(session.cardFolder, folder_part(file));
+        session.readFile = kept;
+        if (!ReadCardFile(kept)) {
+            session.cardFile = file_before;
+            session.cardFolder = folder_before;
+            return;
+        }
+        if (!take_card(step, new_id))
+            return;
+        kept_card = {}; // no file holds it
+        MarkCardChanged();
+        opened = true;
+    };
+    run_command(open, report_opening);
+    return opened;
 }
 
 void lastFile_Click(int index) {

@@ -41,6 +41,11 @@ void CompareCards() {
         session.needNewID = true;
 }
 
+bool becomes_another_card() {
+    auto now = open_card;
+    return session.needNewID || is_another_card(savedCard, now);
+}
+
 std::string GetNewID() {
     Randomize();
     auto const now = from_date(Now());

@@ -2,6 +2,7 @@
 
 #include "boxes/failure_report.h"
 #include "card/reading.h"
+#include "cardfile/known_file.h"
 #include "cardfile/missing_picture.h"
 #include "forms/editor_form.h"
 #include "model/card.h"
@@ -86,6 +87,7 @@ bool read_file(std::string const& path) {
     if (!reading.missing_picture.empty())
         reading.data.card.picture = *picture;
     open_card = std::move(reading.data);
+    know_file(path, file.bytes());
     return true;
 }
 

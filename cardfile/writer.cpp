@@ -2,10 +2,15 @@
 
 #include "boxes/failure_report.h"
 #include "card/writing.h"
+#include "cardfile/known_file.h"
+#include "cardfile/work_rescue.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/files.h"
 #include "platform/host.h"
+#include "rescue/disk.h"
+
+#include <utility>
 
 namespace kehystin {
 
@@ -29,16 +34,26 @@ void report(RuntimeError const& error) {
 } // namespace
 
 bool SaveCardFile() {
-    auto const before = open_card;
+    bool opened = false;
     try {
-        auto const bytes = write_card(open_card);
+        // A copy: what was not written keeps its commas.
+        auto written = open_card;
+        auto const bytes = write_card(written);
+        if (rescue::is_special(session.cardFile))
+            throw RuntimeError(ErrorNumber::path_file_access); // to a pipe one would write for ever
+        SaveRescue rescue(session.cardFile, bytes);
         OutputFile file(session.cardFile);
+        opened = true;
         file.write(bytes);
         file.close();
+        if (!rescue.finish())
+            throw RuntimeError(ErrorNumber::disk_io);
+        know_file(session.cardFile, bytes);
+        open_card = std::move(written);
         return true;
     } catch (RuntimeError const& error) {
-        // What was not written keeps its commas.
-        open_card = before;
+        if (opened)
+            know_what_is_left(session.cardFile);
         report(error);
         return false;
     }

@@ -1,6 +1,7 @@
 #include "desktop/application.h"
 
 #include "app/program.h"
+#include "desktop/end_requests.h"
 #include "desktop/icons.h"
 #include "desktop/look.h"
 #include "desktop/qt_host.h"
@@ -10,6 +11,7 @@
 #include <QLibraryInfo>
 #include <QTimer>
 #include <QTranslator>
+#include <QWidget>
 
 namespace desktop {
 
@@ -36,6 +38,11 @@ int runApplication(int argc, char* argv[], std::function<void(QApplication&)> co
     QTimer::singleShot(afterFirstPaint, &application,
                        [] { QApplication::setWindowIcon(applicationIcon()); });
     screenshot.takeFrom(host);
+    EndRequests const requests([&] { program.keep_work(); },
+                               [&] {
+                                   host.mainWindow()->close();
+                                   return host.isSessionOver();
+                               });
     return host.run([&] { program.Main(); });
 }
 

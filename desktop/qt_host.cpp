@@ -11,6 +11,8 @@
 #include "desktop/text.h"
 #include "platform/system.h"
 
+#include "rescue/store.h"
+
 #include <QApplication>
 #include <QCursor>
 #include <QDateTime>
@@ -231,6 +233,10 @@ std::string QtHost::settings_folder() const {
 
 std::string QtHost::program_folder() const {
     return fromQt(QCoreApplication::applicationDirPath() + u'/');
+}
+
+std::string QtHost::state_folder() const {
+    return rescue::usual_folder();
 }
 
 std::string QtHost::command_line() const {

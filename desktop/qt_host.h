@@ -5,6 +5,7 @@
 #include "desktop/form_view.h"
 #include "desktop/help_viewer.h"
 #include "desktop/timers.h"
+#include "platform/background.h"
 #include "platform/form.h"
 #include "platform/host.h"
 
@@ -32,6 +33,7 @@ class QtHost : public platform::Host {
     /// The main form's window; null before it has been shown.
     QWidget* mainWindow() const;
     Timers const& timers() const { return timers_; }
+    bool isSessionOver() const { return gate_.isSessionOver(); }
 
     platform::Answer MsgBox(std::string_view text, int flags, std::string_view title) override;
     void keep_in_sight(std::vector<platform::Control const*> controls) override;
@@ -56,10 +58,13 @@ class QtHost : public platform::Host {
     platform::Control* control_under_mouse() const override;
     std::string settings_folder() const override;
     std::string program_folder() const override;
+    std::string state_folder() const override;
     std::string command_line() const override;
     std::string absolute_path(std::string const& path) const override;
     bool open_help(std::string const& file, std::string const& topic) override;
     bool open_link(std::string const& target) override;
+    void in_background(std::function<void()> const& work) override { background_.run(work); }
+    void finish_background() override { background_.finish(); }
     void unhandled(std::string_view what) override;
 
     void control_changed(platform::Control& control) override;
@@ -88,6 +93,7 @@ class QtHost : public platform::Host {
     /// The control that a point of some widget belongs to; null for none.
     platform::Control* controlOf(QWidget& widget, QPoint point) const;
 
+    platform::Background background_;
     EventGate gate_;
     Timers timers_;
     QString commandLine_;

@@ -209,6 +209,7 @@ class EditorForm : public Form {
     Timer paintTimer{this, "paintTimer", 50, false};
     Timer focusTimer{this, "focusTimer", 20, false};
     Timer tipTimer{this, "tipTimer", 500, true};
+    Timer rescueTimer{this, "rescueTimer", 1000, true};
 };
 
 /// The main window; it lives as long as the session.

@@ -48,6 +48,10 @@ inline constexpr double smallest_scale = 0.25;
 inline constexpr double largest_scale = 8;
 Status draw(std::string const& file, Drawing const& drawing);
 
+/// Lists what the editor has kept of cards that were not saved; with a name, writes that one out.
+/// Nothing that is kept goes by it.
+Status rescue_cards(Files const& names, std::string const& target);
+
 /// A page for the browser; without a target to standard output.
 Status form(std::string const& file, std::string const& target);
 

@@ -168,6 +168,13 @@ void add_commands(CLI::App& program, Wanted& wanted) {
         [&] { return krt::form(files.front(), wanted.output); }, 1);
     form.add_option("-o", wanted.output, to_file)->type_name("X.html");
 
+    auto& rescue = *program.add_subcommand("rescue", "luettelee pelastetut kortit tai hakee yhden")
+                        ->group(commands_group);
+    rescue.add_option("NIMI", wanted.files, "luettelossa oleva nimi")->type_name("")->expected(1);
+    rescue.add_option("-o", wanted.output, to_file)->type_name("X.krt");
+    rescue.callback(
+        [&] { wanted.command = [&] { return krt::rescue_cards(files, wanted.output); }; });
+
     for (auto* const command : program.get_subcommands({}))
         command->get_help_ptr()->group(options_group);
 }

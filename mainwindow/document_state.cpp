@@ -2,6 +2,7 @@
 
 #include "mainwindow/icon_bar.h"
 #include "mainwindow/status_bar.h"
+#include "model/card.h"
 #include "model/session.h"
 
 namespace kehystin {
@@ -24,6 +25,7 @@ void MarkCardChanged() {
 
 void clear_card_changed() {
     set_modified(false);
+    kept_card = open_card;
 }
 
 std::string open_card_folder() {

@@ -3,8 +3,13 @@
 namespace kehystin {
 
 CardData open_card;
+CardData kept_card;
 Card& card = open_card.card;
 std::vector<Field>& fields = open_card.fields;
+
+bool is_unsaved() {
+    return !is_same_card(open_card, kept_card);
+}
 
 void empty_card(std::string_view name) {
     card.name = name;

@@ -14,6 +14,11 @@ using namespace platform;
 /// There is one.
 extern CardData open_card;
 
+/// The open card as it was last read or saved.
+extern CardData kept_card;
+/// True while the open card differs from that.
+bool is_unsaved();
+
 /// Its records, as most of the program calls them.
 extern Card& card;
 extern std::vector<Field>& fields;

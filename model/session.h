@@ -28,6 +28,7 @@ struct Session {
     std::string startText;  ///< the file that this start was given with "-k"
     std::string readFile;   ///< path handed to the reader
     std::string windowsDir; ///< folder of the settings file, with its closing separator
+    bool settings_unread = false; ///< the file is there, and could not be read
     std::string appPath;    ///< folder of the program, with its closing separator
     std::string helpFile;
     std::string helpTopic; ///< page that the help command opens

@@ -5,6 +5,7 @@
 #include "platform/base.h"
 #include "platform/drawing.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -121,6 +122,8 @@ class Host {
     virtual Control* control_under_mouse() const = 0;
     virtual std::string settings_folder() const = 0;
     virtual std::string program_folder() const = 0;
+    /// Where the program keeps what must not be lost; empty where nothing is to be kept.
+    virtual std::string state_folder() const { return {}; }
     virtual std::string command_line() const = 0;
     /// A path that means the same file from any folder. A host without folders gives it as written.
     virtual std::string absolute_path(std::string const& path) const { return path; }
@@ -131,6 +134,14 @@ class Host {
     /// Called before each open, read, write and close of a file; an error raised here is the
     /// operation's own. Lets tests fail any single one.
     virtual void before_file_operation() {}
+
+    /// The same for the operations by which the program keeps what must not be lost.
+    virtual void before_rescue_operation() {}
+    /// Runs work that touches nothing of the session: in the order in which it comes, on a thread
+    /// of its own where the machine has one. It raises nothing.
+    virtual void in_background(std::function<void()> const& work) { work(); }
+    /// Returns when all of it is done.
+    virtual void finish_background() {}
 
     /// Something failed that is no run-time error of the platform: a fault of the program.
     virtual void unhandled(std::string_view what) = 0;

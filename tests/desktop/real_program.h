@@ -97,6 +97,7 @@ class RealProgram : public testing::Test {
     /// Starts the program on a card (or none) and lets the windows settle.
     void start(QString const& file = {}) {
         qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+        qputenv("XDG_STATE_HOME", folder.filePath(QStringLiteral("state")).toUtf8());
         host = make_host(file.isEmpty() ? QStringList() : QStringList(file));
         program = std::make_unique<Program>(*host);
         host->run([&] {

@@ -230,13 +230,24 @@ bool ScriptedHost::open_link(std::string const& target) {
 }
 
 void ScriptedHost::fail_file_operation(int number, int error) {
-    operations_to_failure_ = number;
-    failure_ = error;
+    file_failure_ = {number, error};
+}
+
+void ScriptedHost::fail_rescue_operation(int number, int error) {
+    rescue_failure_ = {number, error};
+}
+
+void ScriptedHost::Failure::count() {
+    if (operations > 0 && --operations == 0)
+        throw RuntimeError(error);
 }
 
 void ScriptedHost::before_file_operation() {
-    if (operations_to_failure_ > 0 && --operations_to_failure_ == 0)
-        throw RuntimeError(failure_);
+    file_failure_.count();
+}
+
+void ScriptedHost::before_rescue_operation() {
+    rescue_failure_.count();
 }
 
 void ScriptedHost::unhandled(std::string_view what) {

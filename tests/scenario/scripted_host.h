@@ -66,6 +66,8 @@ class ScriptedHost : public platform::Host {
     void hover(platform::Control* control) { hovered_ = control; }
     /// The file operation with that number, counted from 1 and from now on, raises the error.
     void fail_file_operation(int number, int error);
+    /// The same for the operations that keep work from being lost.
+    void fail_rescue_operation(int number, int error);
 
     /// What the user does while a modal form is open; it has to close the form. Without this a
     /// modal form is a failure.
@@ -100,11 +102,13 @@ class ScriptedHost : public platform::Host {
     platform::Control* control_under_mouse() const override;
     std::string settings_folder() const override { return folder_ + "windows/"; }
     std::string program_folder() const override { return folder_ + "program/"; }
+    std::string state_folder() const override { return folder_ + "state/"; }
     std::string command_line() const override { return arguments; }
     bool open_help(std::string const& file, std::string const& topic) override;
     bool open_link(std::string const& target) override;
 
     void before_file_operation() override;
+    void before_rescue_operation() override;
     void unhandled(std::string_view what) override;
     void control_removed(platform::Control& control) override;
     void timer_changed(platform::Timer& timer) override { clock.start(timer); }
@@ -118,8 +122,14 @@ class ScriptedHost : public platform::Host {
 
     std::string folder_;
     platform::Control* hovered_ = nullptr;
-    int operations_to_failure_ = 0;
-    int failure_ = 0;
+    /// Counts down to the operation that fails.
+    struct Failure {
+        int operations = 0;
+        int error = 0;
+        void count();
+    };
+    Failure file_failure_;
+    Failure rescue_failure_;
 };
 
 } // namespace scenario

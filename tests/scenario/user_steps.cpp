@@ -41,6 +41,13 @@ void launch(Stage& stage, Arguments& arguments, Step const&) {
     stage.program->Main();
 }
 
+void kill(Stage& stage, Arguments& arguments, Step const&) {
+    if (!stage.program)
+        throw StepError("expected the program running, found that it has ended");
+    arguments.finish();
+    stage.program.reset();
+}
+
 void click(Stage& stage, Arguments& arguments, Step const&) {
     auto& control = take_control(stage, arguments);
     arguments.finish();
@@ -188,6 +195,7 @@ void hover(Stage& stage, Arguments& arguments, Step const&) {
 
 constexpr std::array kinds = {
     StepKind{"launch", launch},
+    StepKind{"kill", kill},
     StepKind{"click", click},
     StepKind{"dblclick", double_click},
     StepKind{"focus", focus},

@@ -76,11 +76,16 @@ void remove(Stage& stage, Arguments& arguments, Step const&) {
     stage.world.remove(take_text(stage, arguments, "a file name"));
 }
 
-void fail_file(Stage& stage, Arguments& arguments, Step const&) {
-    if (!arguments.take_keyword("file"))
-        throw StepError("expected `fail file`");
+void fail_operation(Stage& stage, Arguments& arguments, Step const&) {
+    bool const rescue = arguments.take_keyword("rescue");
+    if (!rescue && !arguments.take_keyword("file"))
+        throw StepError("expected `fail file` or `fail rescue`");
     int const operation = arguments.take_whole("the number of an operation", 1, largest);
-    stage.host.fail_file_operation(operation, arguments.take_whole("an error", 1, 65535));
+    int const error = arguments.take_whole("an error", 1, 65535);
+    if (rescue)
+        stage.host.fail_rescue_operation(operation, error);
+    else
+        stage.host.fail_file_operation(operation, error);
 }
 
 void switch_links(Stage& stage, Arguments& arguments, Step const&) {
@@ -133,7 +138,7 @@ constexpr std::array world_kinds = {
     StepKind{"screen", set_screen},  StepKind{"date", set_date},
     StepKind{"fonts", set_fonts},    StepKind{"create", create},
     StepKind{"take", take},          StepKind{"picture", create_picture},
-    StepKind{"remove", remove},      StepKind{"fail", fail_file},
+    StepKind{"remove", remove},      StepKind{"fail", fail_operation},
     StepKind{"links", switch_links},
 };
 

@@ -72,6 +72,14 @@ TEST_F(SettingsFile, WhatWasReadStaysWhenTheClosingFails) {
     EXPECT_EQ(settings.gridX, 33);
     EXPECT_EQ(settings.guideX, 15); // still nothing that cannot stand
     EXPECT_EQ(settings.guideY, 5);
+    // What could not be read is not written over.
+    auto const unread = bytes_of(path());
+    settings.guideY = 6;
+    WriteSettings();
+    EXPECT_EQ(bytes_of(path() + ".old"), unread);
+    EXPECT_NE(bytes_of(path()), unread);
+    WriteSettings();
+    EXPECT_EQ(bytes_of(path() + ".old"), unread);
 }
 
 TEST_F(SettingsFile, NumbersOutsideTheirRangeAreRepaired) {

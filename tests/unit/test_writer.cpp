@@ -4,6 +4,7 @@
 #include "tests/unit/fresh_session.h"
 
 #include <sstream>
+#include <sys/stat.h>
 
 namespace kehystin {
 
@@ -95,17 +96,19 @@ TEST_F(Writer, AFailedOperationKeepsTheRecords) {
 }
 
 TEST_F(Writer, AFullDiskAMissingFolderAndAFolderOfThatNameAreTold) {
-    for (auto const& [path, number] : {std::pair<std::string, std::string>{"/dev/full", "(61)"},
-                                       {folder / "puuttuu/koe.krt", "(76)"}}) {
+    auto const box_of_saving = [&](std::string const& path) {
         session.cardFile = path;
         host.answers.push_back(Answer::ok);
         EXPECT_FALSE(SaveCardFile());
-        EXPECT_NE(host.boxes.back().text.find(number), std::string::npos);
-    }
-    session.cardFile = folder / "windows";
-    host.answers.push_back(Answer::ok);
-    EXPECT_FALSE(SaveCardFile());
-    EXPECT_NE(host.boxes.back().text.find(" " + session.cardFile + "     "), std::string::npos);
+        return host.boxes.back().text;
+    };
+    host.fail_file_operation(2, 61);
+    EXPECT_NE(box_of_saving(folder / "koe.krt").find("(61)"), std::string::npos);
+    EXPECT_NE(box_of_saving(folder / "puuttuu/koe.krt").find("(76)"), std::string::npos);
+    // What is no file is not opened at all: a pipe would wait for a reader.
+    ASSERT_EQ(mkfifo((folder / "putki").c_str(), 0600), 0);
+    for (auto const& path : {folder / "windows", folder / "putki", std::string("/dev/full")})
+        EXPECT_NE(box_of_saving(path).find(" " + path + "     "), std::string::npos);
 }
 
 } // namespace kehystin

@@ -1,0 +1,47 @@
+// No work is lost: the open card is kept beside the user's files while it is unsaved, and so are
+// both sides of a save under way. What an earlier session left is offered.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kehystin {
+
+/// From here on the session keeps its work in the host's folder for it.
+void begin_rescue();
+/// The session is over. What it has kept stays, unless it was dropped.
+void end_rescue();
+
+/// Keeps the card if it has changed since the last time and the user's hands are off it, and drops
+/// what was kept when there is nothing unsaved any more. The disk is written in the background.
+void keep_work();
+/// The same at once, whatever is under way; the disk has it on return. For a process that must end.
+void keep_work_now();
+/// Other sessions are told which file is open here, as far as the folder can be written.
+void note_open_file();
+/// The user does not want the changes.
+void drop_work();
+/// What is kept stays behind when the session ends, for the next one to offer.
+void leave_work();
+
+/// Offers the newest rescue that earlier sessions left, rather one of the open card's file.
+void offer_rescue();
+
+/// Both sides of a save of `bytes` into a file lie on the disk from here until it is finished. A
+/// save that is never finished leaves them.
+class SaveRescue {
+  public:
+    SaveRescue(std::string const& file, std::string_view bytes);
+    /// True when the disk holds the file with these bytes: then nothing is kept any more. Raises
+    /// what the disk raises.
+    bool finish();
+
+  private:
+    std::string file_;
+    std::string_view bytes_;
+};
+
+/// True where the running session of somebody else has that card file open.
+bool is_open_in_another_session(std::string const& file);
+
+} // namespace kehystin

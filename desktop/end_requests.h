@@ -1,0 +1,30 @@
+// The machine wants the process to end: a signal, or the user logging out.
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <functional>
+#include <memory>
+
+class QSessionManager;
+
+namespace desktop {
+
+class EndRequests : public QObject {
+  public:
+    /// `keep` makes the user's work safe at once. `close` closes the program by its usual road and
+    /// says whether it has ended. There is one of this class in a process.
+    EndRequests(std::function<void()> keep, std::function<bool()> close);
+    ~EndRequests() override;
+
+  private:
+    void endBySignal();
+    void logOut(QSessionManager& manager);
+
+    std::function<void()> keep_;
+    std::function<bool()> close_;
+    std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+} // namespace desktop

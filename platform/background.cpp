@@ -1,0 +1,45 @@
+#include "platform/background.h"
+
+namespace platform {
+
+Background::~Background() {
+    {
+        std::lock_guard const lock(mutex_);
+        ends_ = true;
+    }
+    changed_.notify_all();
+    if (thread_.joinable())
+        thread_.join();
+}
+
+void Background::run(std::function<void()> work) {
+    {
+        std::lock_guard const lock(mutex_);
+        works_.push_back(std::move(work));
+        if (!thread_.joinable())
+            thread_ = std::thread([this] { work_off(); });
+    }
+    changed_.notify_all();
+}
+
+void Background::finish() {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return works_.empty(); });
+}
+
+void Background::work_off() {
+    std::unique_lock lock(mutex_);
+    for (;;) {
+        changed_.wait(lock, [this] { return ends_ || !works_.empty(); });
+        if (works_.empty())
+            return;
+        auto const& work = works_.front(); // a deque keeps it in its place while others come
+        lock.unlock();
+        work();
+        lock.lock();
+        works_.pop_front();
+        changed_.notify_all();
+    }
+}
+
+} // namespace platform

@@ -1,0 +1,71 @@
+#include "rescue/disk.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace rescue {
+
+namespace {
+
+class Opened {
+  public:
+    Opened(std::string const& path, int flags) : number_(::open(path.c_str(), flags | O_CLOEXEC)) {}
+    ~Opened() {
+        if (number_ >= 0)
+            ::close(number_);
+    }
+    Opened(Opened const&) = delete;
+    Opened& operator=(Opened const&) = delete;
+    int number() const { return number_; }
+
+  private:
+    int number_;
+};
+
+bool flush(std::string const& path, int flags) {
+    Opened const opened(path, flags);
+    // A folder of some file systems cannot be flushed, and need not be.
+    return opened.number() >= 0 && (::fsync(opened.number()) == 0 || errno == EINVAL);
+}
+
+} // namespace
+
+std::optional<std::string> bytes_on_disk(std::string const& path) {
+    Opened const file(path, O_RDONLY | O_NONBLOCK); // a pipe would wait for its other end
+    struct stat status {};
+    if (file.number() < 0 || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    constexpr std::size_t step = 256U * 1024;
+    std::string bytes;
+    for (;;) {
+        auto const used = bytes.size();
+        bytes.resize(used + step);
+        auto const got = ::read(file.number(), bytes.data() + used, step);
+        bytes.resize(used + (got > 0 ? static_cast<std::size_t>(got) : 0));
+        if (got == 0)
+            return bytes;
+        if (got < 0 && errno != EINTR)
+            return std::nullopt;
+    }
+}
+
+bool is_special(std::string const& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
+}
+
+bool flush_to_disk(std::string const& path) {
+    auto folder = std::filesystem::path(path).parent_path().string();
+    return flush(path, O_RDONLY) && flush(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
+}
+
+std::string one_name_of(std::string const& path) {
+    std::error_code ignored;
+    auto const name = std::filesystem::weakly_canonical(path, ignored);
+    return ignored ? path : name.string();
+}
+
+} // namespace rescue

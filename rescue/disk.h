@@ -1,0 +1,22 @@
+// Bytes on the disk, by the system's calls: what must be certain of them.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace rescue {
+
+/// The whole of a regular file; nothing for anything else, or one that cannot be read.
+std::optional<std::string> bytes_on_disk(std::string const& path);
+
+/// True for something that is there and is no regular file: a folder, a pipe, a device.
+bool is_special(std::string const& path);
+
+/// Flushes a file, and the folder that names it, to the disk. False where the disk did not take it.
+bool flush_to_disk(std::string const& path);
+
+/// The other name for a path through links and "..": two paths with the same one are one file.
+std::string one_name_of(std::string const& path);
+
+} // namespace rescue

@@ -1,0 +1,88 @@
+// The folder of the rescues: files of the program's own, whole or not at all, for the user alone.
+#pragma once
+
+#include "rescue/rescue.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace rescue {
+
+/// Where the programs of this user keep their files: `$XDG_STATE_HOME/kehystin/`, by default in
+/// `~/.local/state`. Empty for a user without a home.
+std::string usual_folder();
+
+/// A folder that is made when the first file is put into it. Without a path it keeps nothing.
+class Store {
+  public:
+    /// `before_operation` is called before each operation on the disk, and may raise.
+    explicit Store(std::string folder = {}, std::function<void()> before_operation = {});
+
+    bool keeps() const { return !folder_.empty(); }
+    std::string const& folder() const { return folder_; } ///< with its closing separator
+
+    /// Writes a file under a name of its own, flushes it to the disk and gives it its name: at no
+    /// moment is there half a file of that name. Raises base::RuntimeError.
+    void put(std::string const& name, std::string_view bytes) const;
+    /// Nothing is said where there is none.
+    void remove(std::string const& name) const;
+    /// Nothing for a file that cannot be read.
+    std::optional<std::string> bytes_of(std::string const& name) const;
+    /// Of all files but locks and those that are being written.
+    std::vector<std::string> names() const;
+
+    void before_operation() const;
+
+  private:
+    std::string folder_;
+    std::function<void()> before_operation_;
+};
+
+/// One running session of the program in the folder. Its lock ends with the process, however that
+/// ends.
+class RunningSession {
+  public:
+    /// Takes a name that no other session has. Raises base::RuntimeError.
+    explicit RunningSession(Store const& store);
+    ~RunningSession();
+    RunningSession(RunningSession const&) = delete;
+    RunningSession& operator=(RunningSession const&) = delete;
+
+    std::string const& name() const { return name_; }
+    /// Says which card file this session has open. Failing is no fault.
+    void note_file(std::string const& file) const;
+
+  private:
+    Store const& store_;
+    std::string name_;
+    int descriptor_ = -1;
+};
+
+/// Locks that killed sessions left go. A new one stays for a minute: it may not be locked yet.
+void remove_old_locks(Store const& store);
+
+/// "20040517-0930-1a2b.work" is of the session "20040517-0930-1a2b", and so is
+/// "20040517-0930-1a2b+1.after".
+std::string session_of(std::string_view name);
+/// True while the process of that session runs.
+bool is_running(Store const& store, std::string const& session);
+/// True where another running session has that card file open.
+bool is_open_elsewhere(Store const& store, std::string const& own_session, std::string const& file);
+
+/// A rescue that can be had again, and its name in the folder.
+struct Found {
+    std::string name;
+    Rescue rescue;
+};
+struct Findings {
+    std::vector<Found> rescues;       ///< of sessions that no longer run, the newest first
+    std::vector<std::string> unknown; ///< names of files that are no rescues, or damaged ones
+    /// Names of rescues without which nothing is lost: the card's file holds the same, or another
+    /// rescue does.
+    std::vector<std::string> needless;
+};
+/// Everything that sessions which no longer run have left. Changes nothing.
+Findings look_for_rescues(Store const& store);
+
+} // namespace rescue

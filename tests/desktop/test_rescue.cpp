@@ -1,0 +1,55 @@
+// Work that outlives the process, in the real windows and before the real disk.
+#include "cardfile/document_commands.h"
+#include "desktop/end_requests.h"
+#include "tests/desktop/real_program.h"
+
+#include <QDir>
+
+#include <csignal>
+#include <cstdio>
+
+namespace kehystin {
+
+class RealRescue : public RealProgram {
+  protected:
+    QStringList kept() const {
+        return QDir(folder.filePath(QStringLiteral("state/kehystin")))
+            .entryList({QStringLiteral("*.work")}, QDir::Files);
+    }
+};
+
+TEST_F(RealRescue, AChangeIsOnTheDiskSoonAndOpensAtTheNextStart) {
+    auto const file = copy_of(QStringLiteral("asiakkaat.krt"));
+    start(file);
+    auto const left_before = field(2).left;
+    fEditor->cmb_field.ListIndex = 2;
+    fEditor->txt_left.Text = std::to_string(left_before + 7);
+    EXPECT_TRUE(kept().isEmpty());
+    ASSERT_TRUE(soon([&] { return kept().size() == 1; }));
+    program.reset(); // as if it had been killed: nobody was asked
+    host.reset();
+
+    NextBox box(QStringLiteral("Kyllä"));
+    start();
+    EXPECT_TRUE(box.was_shown());
+    EXPECT_TRUE(box.text().contains(file)) << box.text().toStdString();
+    EXPECT_EQ(field(2).left, left_before + 7);
+    EXPECT_TRUE(static_cast<bool>(session.cardModified));
+    EXPECT_EQ(kept().size(), 1); // by this session now
+    cmdTallenna_Click();
+    EXPECT_FALSE(static_cast<bool>(session.cardModified));
+    EXPECT_TRUE(kept().isEmpty());
+}
+
+TEST(EndRequests, ASignalKeepsTheWorkAndThenEndsTheProcess) {
+    auto const end_by = [](int number) {
+        desktop::EndRequests const requests([] { std::fputs("kept", stderr); },
+                                            [] { return true; });
+        std::raise(number);
+        QTest::qWait(5000);
+    };
+    EXPECT_EXIT(end_by(SIGTERM), testing::KilledBySignal(SIGTERM), "kept");
+    EXPECT_EXIT(end_by(SIGHUP), testing::KilledBySignal(SIGHUP), "kept");
+}
+
+} // namespace kehystin

@@ -1,0 +1,117 @@
+#include "rescue/store.h"
+
+#include "base/errors.h"
+#include "tests/unit/fresh_session.h"
+
+namespace rescue {
+
+namespace {
+
+Rescue some(What kind, std::string file, std::int64_t time, std::string bytes) {
+    return {kind, std::move(file), time, true, 7, std::move(bytes)};
+}
+
+} // namespace
+
+class RescueFolder : public testing::Test {
+  protected:
+    /// What a session that has died has left.
+    void leave(std::string const& name, Rescue const& rescue) const {
+        store.put(name, to_file(rescue));
+    }
+    std::vector<std::string> offered() const {
+        std::vector<std::string> names;
+        for (auto const& found : look_for_rescues(store).rescues)
+            names.push_back(found.name);
+        return names;
+    }
+    using Names = std::vector<std::string>;
+
+    kehystin::Folder folder;
+    Store store{folder / "state"};
+};
+
+TEST_F(RescueFolder, ARescueComesBackWholeOrNotAtAll) {
+    auto const one = some(What::after, "/koti/Åke, \r\n100 %/kortti.krt", 1'234'567'890'123,
+                          std::string("a\0b\r\nsum 1", 9));
+    auto const kept = to_file(one);
+    auto const back = from_file(kept);
+    ASSERT_TRUE(back);
+    EXPECT_EQ(back->kind, one.kind);
+    EXPECT_EQ(back->file, one.file);
+    EXPECT_EQ(back->time, one.time);
+    EXPECT_TRUE(back->new_id);
+    EXPECT_EQ(back->file_sum, 7U);
+    EXPECT_EQ(back->bytes, one.bytes);
+    for (std::size_t i = 0; i < kept.size(); ++i) {
+        auto damaged = kept;
+        damaged[i] = static_cast<char>(damaged[i] ^ 0x10);
+        EXPECT_FALSE(from_file(damaged)) << i;
+        EXPECT_FALSE(from_file(kept.substr(0, i))) << i;
+    }
+    EXPECT_FALSE(from_file(kept + "x"));
+}
+
+TEST_F(RescueFolder, AFailedOperationLeavesTheOldFile) {
+    int countdown = 0;
+    Store const failing(folder / "state", [&] {
+        if (--countdown == 0)
+            throw base::RuntimeError(base::ErrorNumber::disk_full);
+    });
+    failing.put("x", "vanha");
+    for (int operation = 1; operation <= 4; ++operation) {
+        countdown = operation;
+        EXPECT_THROW(failing.put("x", "uusi"), base::RuntimeError);
+        EXPECT_EQ(store.bytes_of("x"), "vanha");
+        EXPECT_EQ(store.names(), Names{"x"});
+    }
+    failing.put("x", "uusi");
+    EXPECT_EQ(store.bytes_of("x"), "uusi");
+    auto const status = std::filesystem::status(folder / "state/x");
+    EXPECT_EQ(status.permissions(), std::filesystem::perms(0600));
+    EXPECT_THROW(Store(folder / "state/x").put("y", ""), base::RuntimeError);
+}
+
+TEST_F(RescueFolder, OnlyWhatSessionsThatAreGoneHaveLeftIsOffered) {
+    leave("gone.work", some(What::work, "/a.krt", 10, "a"));
+    leave("gone2.work", some(What::work, "/b.krt", 20, "b"));
+    store.put("vieras.txt", "x");
+    {
+        RunningSession const here(store);
+        RunningSession const other(store);
+        EXPECT_NE(here.name(), other.name());
+        leave(other.name() + ".work", some(What::work, "/c.krt", 30, "c"));
+        EXPECT_EQ(offered(), (Names{"gone2.work", "gone.work"}));
+        EXPECT_EQ(look_for_rescues(store).unknown, Names{"vieras.txt"});
+        other.note_file(folder / "kortti.krt");
+        EXPECT_TRUE(is_open_elsewhere(store, here.name(), folder / "windows/../kortti.krt"));
+        EXPECT_FALSE(is_open_elsewhere(store, other.name(), folder / "kortti.krt"));
+    }
+    EXPECT_EQ(offered().size(), 3U);
+    EXPECT_FALSE(is_open_elsewhere(store, "", folder / "kortti.krt"));
+}
+
+TEST_F(RescueFolder, WhatIsElsewhereTooIsNotOffered) {
+    auto const file = folder / "kortti.krt";
+    auto const left_by_a_save = [&](std::string const& held) {
+        kehystin::put_bytes(file, held);
+        leave("s.work", some(What::work, file, 10, "uusi!"));
+        leave("s+1.before", some(What::before, file, 11, "vanha"));
+        leave("s+1.after", some(What::after, file, 11, "uusi"));
+        auto const names = offered();
+        for (auto const& name : store.names())
+            store.remove(name);
+        return names;
+    };
+    // Before the opening, in the middle, and when all was written.
+    EXPECT_EQ(left_by_a_save("vanha"), (Names{"s+1.after"}));
+    EXPECT_EQ(left_by_a_save("uu"), (Names{"s+1.after", "s+1.before"}));
+    EXPECT_EQ(left_by_a_save("uusi"), Names{});
+    // What was changed after a save that failed is newer than it.
+    kehystin::put_bytes(file, "");
+    leave("s+1.after", some(What::after, file, 11, "uusi"));
+    leave("s.work", some(What::work, file, 12, "vielä uudempi"));
+    EXPECT_EQ(offered(), (Names{"s.work", "s+1.after"}));
+}
+
+} // namespace rescue

@@ -30,6 +30,7 @@ struct Keeper {
     std::unique_ptr<rescue::RunningSession> running;
     std::string noted_file; ///< what other sessions are told of this one
     CardData kept;          ///< as the disk has it, or is about to
+    std::string kept_file;  ///< whose it was then
     bool keeps_work = false;
     bool leaves_work = false;
     /// Set by whoever writes the disk, read by the session.
@@ -105,17 +106,21 @@ void write_work() {
                         work = rescue_of_work(), failed = keeper->failed] {
         try {
             with_memory_checked([&] { store.put(name, rescue::to_file(work)); });
+            *failed = false;
         } catch (RuntimeError const&) {
             *failed = true;
         }
     };
     keeper->kept = open_card;
+    keeper->kept_file = session.cardFile;
     keeper->keeps_work = true;
     host().in_background(write);
 }
 
+/// What could not be written is tried again: the disk may have room by then.
 bool is_kept() {
-    return keeper->keeps_work && is_same_card(keeper->kept, open_card);
+    return keeper->keeps_work && !*keeper->failed && keeper->kept_file == session.cardFile &&
+           is_same_card(keeper->kept, open_card);
 }
 
 bool hands_are_on_the_card() {

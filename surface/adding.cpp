@@ -69,13 +69,14 @@ void take_title_font() {
 }
 
 /// Makes room for one more field, as zeros, and returns its number: a deleted field may still lie
-/// there.
+/// there. It is counted last: where there is no room for it the card stays as it was.
 int grow() {
-    card.fields += 1;
-    auto const needed = static_cast<std::size_t>(int{card.fields}) + 1;
+    Integer const number = card.fields + 1;
+    auto const needed = static_cast<std::size_t>(int{number}) + 1;
     fields.resize(std::max(fields.size(), needed));
-    field(card.fields) = {};
-    return card.fields;
+    field(number) = {};
+    card.fields = number;
+    return number;
 }
 
 void drop_field(Kind const& kind, double x, double y) {

@@ -31,8 +31,8 @@ void Program::Main() {
     wire_editor_form(); // first: elements that build_menus loads take over their prototype's
                         // handlers
     build_menus();
-    System::at_edge(MDIForm_Load);
-    System::at_edge(offer_rescue);
+    System::at_edge([] { MDIForm_Load(); });
+    System::at_edge([] { offer_rescue(); });
 }
 
 void Program::keep_work() noexcept {

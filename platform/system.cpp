@@ -75,10 +75,10 @@ void System::forget(Control const& control) {
         mouse_ = {};
 }
 
-void System::at_edge(std::function<void()> const& handler) {
+void System::run_at_edge(void (*call)(void const*), void const* handler) {
     auto& system = current();
     try {
-        with_memory_checked(handler);
+        with_memory_checked([&] { call(handler); });
     } catch (RuntimeError const& error) {
         if (system.on_failure)
             system.on_failure(error);

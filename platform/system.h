@@ -39,7 +39,11 @@ class System {
 
     /// Runs a handler at the outer edge of an event. A run-time error goes to on_failure, anything
     /// else to Host::unhandled: nothing but the end of the session leaves an event.
-    static void at_edge(std::function<void()> const& handler);
+    template <class Handler>
+    static void at_edge(Handler const& handler) {
+        // Needs no memory of its own, which may have run out.
+        run_at_edge([](void const* one) { (*static_cast<Handler const*>(one))(); }, &handler);
+    }
     /// Shows the box for a run-time error that no command caught itself.
     std::function<void(RuntimeError const&)> on_failure;
 
@@ -56,6 +60,8 @@ class System {
     void forget(Control const& control);
 
   private:
+    static void run_at_edge(void (*call)(void const*), void const* handler);
+
     friend class Form;
     friend class Timer;
     friend class Control;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -20,13 +21,14 @@ class FixedTextRef {
     std::string str() const { return from_code_page(bytes()); }
     std::string trimmed() const { return from_code_page(trimmed_view(bytes())); }
 
-    /// Takes code page bytes, cut to the length or padded with blanks.
+    /// Takes code page bytes, cut to the length or padded with blanks. They may be its own.
     void assign_bytes(std::string_view bytes) const {
         auto const used = std::min(bytes.size(), length_);
-        std::copy_n(bytes.data(), used, characters_);
+        if (used > 0)
+            std::memmove(characters_, bytes.data(), used);
         std::fill(characters_ + used, characters_ + length_, ' ');
     }
-    void trim() const { assign_bytes(std::string(trimmed_view(bytes()))); }
+    void trim() const { assign_bytes(trimmed_view(bytes())); }
 
   private:
     char* characters_;
@@ -50,6 +52,7 @@ class FixedText {
     operator FixedTextRef() { return ref(); }
 
     void assign_bytes(std::string_view bytes) { ref().assign_bytes(bytes); }
+    FixedTextRef ref() { return {characters_.data(), N}; }
 
     /// All N characters, padding and NULs included, as UTF-8.
     std::string str() const { return from_code_page(bytes()); }
@@ -69,8 +72,6 @@ class FixedText {
     bool operator==(FixedText const&) const = default;
 
   private:
-    FixedTextRef ref() { return {characters_.data(), N}; }
-
     std::array<char, N> characters_{};
 };
 

@@ -2,6 +2,10 @@
 
 #include "card/title_search.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
+
 namespace kehystin {
 
 namespace {
@@ -17,13 +21,20 @@ LineEnds ends_of_line(Field const& title, Field const& data) {
 }
 
 void record_link(CardData& card, int title, int data) {
-    auto const caption = card.field(title).caption.trim();
+    auto& caption = card.field(title).caption;
+    caption.ref().trim();
     card.field(data).group = caption;
     // A manual link may name another data field, whose list means something else.
-    if (card.field(title).is_title()) {
-        auto& list = card.field(title).list;
-        list.assign_bytes(std::string(trimmed_view(list.bytes())) + std::to_string(data) + "|");
-    }
+    if (!card.field(title).is_title())
+        return;
+    auto& list = card.field(title).list;
+    constexpr std::size_t longest_number = 8;
+    std::array<char, list.length + longest_number> text;
+    auto const before = trimmed_view(list.bytes());
+    auto* const end = std::copy(before.begin(), before.end(), text.begin());
+    auto* const bar = std::to_chars(end, text.end() - 1, data).ptr;
+    *bar = '|';
+    list.assign_bytes({text.data(), static_cast<std::size_t>(bar + 1 - text.data())});
 }
 
 /// The title of a data field, or 0 when it has none.
@@ -47,8 +58,7 @@ void clear_links(CardData& card) {
     }
 }
 
-void link_fields(CardData& card, int reach, std::vector<Link>& links) {
-    TitleSearch const search(card, reach);
+void link_fields(CardData& card, TitleSearch const& search, std::vector<Link>& links) {
     for (int j = 1; j <= card.card.fields; ++j) {
         if (card.field(j).is_title())
             continue;
@@ -70,7 +80,7 @@ void drop_last_separators(CardData& card) {
         auto text = trimmed_view(list.bytes());
         if (text.ends_with('|'))
             text.remove_suffix(1);
-        list.assign_bytes(std::string(text));
+        list.assign_bytes(text);
     }
 }
 
@@ -78,9 +88,12 @@ void drop_last_separators(CardData& card) {
 
 Linking link_card(CardData& data, int reach) {
     Linking linking;
+    // All memory first: without it the links stay as they are.
+    TitleSearch const search(data, reach);
+    linking.links.reserve(static_cast<std::size_t>(int{data.card.fields}));
     try {
         clear_links(data);
-        link_fields(data, reach, linking.links);
+        link_fields(data, search, linking.links);
         drop_last_separators(data);
     } catch (RuntimeError const& error) {
         linking.failure = error;

@@ -37,7 +37,7 @@ void update_links() {
     // Without a surface there is nothing to link or to draw on.
     if (!fEditor->cmd_link_automatic.Checked || !session.cardFormLoaded)
         return;
-    try {
+    auto const renew = [] {
         using enum Code;
         session.link_reach = usual_reach;
         fCard->link.prototype().BorderColor =
@@ -52,6 +52,9 @@ void update_links() {
         if (fEditor->cmd_linkBar.Checked)
             for (int i = 1; i <= session.link_count; ++i)
                 fCard->link(i).Visible = true;
+    };
+    try {
+        with_memory_checked(renew);
     } catch (RuntimeError const& error) {
         standard_report(" Linkkien päivitys aiheutti virheen     ", error);
     }

@@ -1,8 +1,10 @@
 #include "rescue/disk.h"
 
 #include <cerrno>
+#include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -60,6 +62,21 @@ bool is_special(std::string const& path) {
 bool flush_to_disk(std::string const& path) {
     auto folder = std::filesystem::path(path).parent_path().string();
     return flush(path, O_RDONLY) && flush(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
+}
+
+std::vector<std::string> names_in(std::string const& folder) {
+    // Not by the standard library's iterator: that ends the process where its memory runs out.
+    struct Close {
+        void operator()(DIR* open) const { ::closedir(open); }
+    };
+    std::unique_ptr<DIR, Close> const open(::opendir(folder.c_str()));
+    std::vector<std::string> names;
+    while (auto const* const entry = open ? ::readdir(open.get()) : nullptr) {
+        std::string const name = entry->d_name;
+        if (name != "." && name != "..")
+            names.push_back(name);
+    }
+    return names;
 }
 
 std::string one_name_of(std::string const& path) {

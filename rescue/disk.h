@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace rescue {
 
@@ -15,6 +16,9 @@ bool is_special(std::string const& path);
 
 /// Flushes a file, and the folder that names it, to the disk. False where the disk did not take it.
 bool flush_to_disk(std::string const& path);
+
+/// What stands in a folder, by name; nothing for a folder that cannot be read.
+std::vector<std::string> names_in(std::string const& folder);
 
 /// The other name for a path through links and "..": two paths with the same one are one file.
 std::string one_name_of(std::string const& path);

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -144,16 +143,12 @@ std::optional<std::string> Store::bytes_of(std::string const& name) const {
 }
 
 std::vector<std::string> Store::names() const {
-    std::vector<std::string> names;
-    std::error_code failed;
     if (!keeps())
-        return names;
-    for (fs::directory_iterator at(folder_, failed), end; !failed && at != end;
-         at.increment(failed)) {
-        auto const name = at->path().filename().string();
-        if (!name.ends_with(lock_ending) && !name.ends_with(unfinished_ending))
-            names.push_back(name);
-    }
+        return {};
+    auto names = names_in(folder_);
+    std::erase_if(names, [](std::string const& name) {
+        return name.ends_with(lock_ending) || name.ends_with(unfinished_ending);
+    });
     std::sort(names.begin(), names.end());
     return names;
 }
@@ -209,17 +204,13 @@ bool is_running(Store const& store, std::string const& session) {
 
 bool is_open_elsewhere(Store const& store, std::string const& own_session,
                        std::string const& file) {
-    std::error_code failed;
     auto const wanted = one_name_of(file);
-    for (fs::directory_iterator at(store.folder(), failed), end; !failed && at != end;
-         at.increment(failed)) {
-        auto const name = at->path().filename().string();
+    auto const names = names_in(store.folder());
+    return std::any_of(names.begin(), names.end(), [&](std::string const& name) {
         auto const session = session_of(name);
-        if (name.ends_with(lock_ending) && session != own_session &&
-            store.bytes_of(name) == wanted && is_running(store, session))
-            return true;
-    }
-    return false;
+        return name.ends_with(lock_ending) && session != own_session &&
+               store.bytes_of(name) == wanted && is_running(store, session);
+    });
 }
 
 namespace {
@@ -245,14 +236,11 @@ bool is_needless(Found const& found, std::vector<Found> const& all) {
 } // namespace
 
 void remove_old_locks(Store const& store) {
-    std::error_code failed;
-    for (fs::directory_iterator at(store.folder(), failed), end; !failed && at != end;
-         at.increment(failed)) {
-        auto const name = at->path().filename().string();
-        std::error_code unknown;
-        auto const age = fs::file_time_type::clock::now() - at->last_write_time(unknown);
-        if (name.ends_with(lock_ending) && !unknown && age > std::chrono::minutes(1) &&
-            !is_running(store, session_of(name)))
+    constexpr std::time_t settled = 60; // seconds
+    for (auto const& name : names_in(store.folder())) {
+        struct stat status {};
+        if (name.ends_with(lock_ending) && ::stat((store.folder() + name).c_str(), &status) == 0 &&
+            std::time(nullptr) - status.st_mtime > settled && !is_running(store, session_of(name)))
             store.remove(name);
     }
 }

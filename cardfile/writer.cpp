@@ -35,7 +35,7 @@ void report(RuntimeError const& error) {
 
 bool SaveCardFile() {
     bool opened = false;
-    try {
+    auto const save = [&] {
         // A copy: what was not written keeps its commas.
         auto written = open_card;
         auto const bytes = write_card(written);
@@ -50,6 +50,9 @@ bool SaveCardFile() {
             throw RuntimeError(ErrorNumber::disk_io);
         know_file(session.cardFile, bytes);
         open_card = std::move(written);
+    };
+    try {
+        with_memory_checked(save);
         return true;
     } catch (RuntimeError const& error) {
         if (opened)

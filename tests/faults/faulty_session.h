@@ -64,7 +64,7 @@ struct FaultySession {
 
     FaultySession() {
         std::filesystem::copy_file(KEHYSTIN_SCENARIOS "/files/kaksi.krt", file);
-        std::filesystem::copy_file(KEHYSTIN_SCENARIOS "/files/linkit.krt", other);
+        std::filesystem::copy_file(KEHYSTIN_SCENARIOS "/../../examples/kolmesataa.krt", other);
     }
     /// The card is open, changed and kept.
     void begin(Program& program) const {

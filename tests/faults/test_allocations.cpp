@@ -181,7 +181,7 @@ class Allocations : public testing::TestWithParam<Deed> {
 };
 
 TEST_P(Allocations, AnySingleOneMayFail) {
-    constexpr int usual_step = 29;
+    constexpr int usual_step = 37;
     long tried = 0;
     for (long failing = 1; failing <= allocations_; failing += places_between(usual_step)) {
         SCOPED_TRACE(failing);

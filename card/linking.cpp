@@ -29,7 +29,7 @@ void record_link(CardData& card, int title, int data) {
         return;
     auto& list = card.field(title).list;
     constexpr std::size_t longest_number = 8;
-    std::array<char, list.length + longest_number> text;
+    std::array<char, decltype(Field::list)::length + longest_number> text;
     auto const before = trimmed_view(list.bytes());
     auto* const end = std::copy(before.begin(), before.end(), text.begin());
     auto* const bar = std::to_chars(end, text.end() - 1, data).ptr;

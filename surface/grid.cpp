@@ -15,26 +15,9 @@ namespace kehystin {
 
 namespace {
 
-void draw_grid(Colour colour) {
-    int const last_x = Integer(fCard->Width / twips_per_pixel);
-    int const last_y = Integer(fCard->Height / twips_per_pixel);
-    for (int y = settings.gridY; y <= last_y; y += settings.gridY)
-        for (int x = settings.gridX; x <= last_x; x += settings.gridX)
-            fCard->PSet(x, y, colour);
-}
-
-void draw_guides(Colour colour) {
-    double const width = fCard->Width / twips_per_pixel;
-    double const height = fCard->Height / twips_per_pixel;
-    for (int y = settings.guideY; y <= height; y += settings.guideY)
-        fCard->DrawLine(0, y, width, y, colour);
-    for (int x = settings.guideX; x <= width; x += settings.guideX)
-        fCard->DrawLine(x, 0, x, height, colour);
-}
-
-void flip(Menu& entry) {
-    entry.Checked = !entry.Checked;
-    upd_gg();
+/// Lines closer than a pixel would never come to an end.
+bool leads_on(Spacing spacing) {
+    return spacing.x > 0 && spacing.y > 0;
 }
 
 Spacing grid_spacing() {
@@ -43,6 +26,34 @@ Spacing grid_spacing() {
 
 Spacing guide_spacing() {
     return {settings.guideX, settings.guideY};
+}
+
+void draw_grid(Colour colour) {
+    auto const spacing = grid_spacing();
+    if (!leads_on(spacing))
+        return;
+    int const last_x = Integer(fCard->Width / twips_per_pixel);
+    int const last_y = Integer(fCard->Height / twips_per_pixel);
+    for (int y = spacing.y; y <= last_y; y += spacing.y)
+        for (int x = spacing.x; x <= last_x; x += spacing.x)
+            fCard->PSet(x, y, colour);
+}
+
+void draw_guides(Colour colour) {
+    auto const spacing = guide_spacing();
+    if (!leads_on(spacing))
+        return;
+    double const width = fCard->Width / twips_per_pixel;
+    double const height = fCard->Height / twips_per_pixel;
+    for (int y = spacing.y; y <= height; y += spacing.y)
+        fCard->DrawLine(0, y, width, y, colour);
+    for (int x = spacing.x; x <= width; x += spacing.x)
+        fCard->DrawLine(x, 0, x, height, colour);
+}
+
+void flip(Menu& entry) {
+    entry.Checked = !entry.Checked;
+    upd_gg();
 }
 
 void align_fields(Spacing spacing) {
@@ -73,6 +84,8 @@ void flip_snap(Menu& entry, Spacing spacing, std::string_view title, std::string
 } // namespace
 
 double snapped(double place, int spacing) {
+    if (spacing <= 0)
+        return place;
     return std::floor(place / spacing + 0.5) * spacing;
 }
 

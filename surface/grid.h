@@ -5,7 +5,8 @@
 
 namespace kehystin {
 
-/// The nearest line of a grid; a place half way between two goes to the higher one.
+/// The nearest line of a grid; a place half way between two goes to the higher one. A spacing
+/// below 1 is of no grid, and leaves the place where it is.
 double snapped(double place, int spacing);
 
 struct Spacing {
@@ -17,7 +18,8 @@ struct Spacing {
 /// guides.
 std::optional<Spacing> snap_spacing();
 
-/// Clears and draws grid and guides anew. Does nothing without a card.
+/// Clears and draws grid and guides anew. Does nothing without a card. Marks less than a pixel
+/// apart are not drawn.
 void upd_gg();
 
 /// "Näytä ruudukko" and "Näytä apuviivat": flip the mark and draw.

@@ -106,6 +106,16 @@ TEST_F(Grid, MarksAreDrawnAnewWhereverTheSurfaceOrTheCommandChanges) {
     EXPECT_EQ(drawn<DrawingLayer::Dots>()[0].points.size(), 18U * 7U);
 }
 
+TEST_F(Grid, WithoutASpacingThereAreNoMarks) {
+    fEditor->cmd_guide_show.Checked = true;
+    for (int const none : {0, -3}) {
+        settings.gridX = settings.guideY = none;
+        draw(colours::white);
+        EXPECT_TRUE(fCard->drawing().empty()) << none;
+        EXPECT_EQ(snapped(13, none), 13);
+    }
+}
+
 TEST_F(Grid, ARebuiltCardStandsWhereItStood) {
     card.fields = 0;
     add_field(Style::OTS, 10, 10, 20, 16, "A");

@@ -267,6 +267,9 @@ void pick(ListControl& list, int index) {
 
 void scroll(ScrollBar& bar, int value) {
     require_reachable(bar);
+    auto const [least, most] = std::minmax({bar.Min.get(), bar.Max.get()});
+    if (value < least || value > most)
+        refuse(bar, "does not reach " + std::to_string(value));
     System::at_edge([&] {
         if (!bar.QueryScroll || bar.QueryScroll())
             bar.Value = value;

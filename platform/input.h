@@ -43,7 +43,7 @@ void paste(TextBox& box, std::string_view text, std::optional<int> caret = std::
 void select(TextBox& box, int start, int length);
 
 void pick(ListControl& list, int index);
-/// The user takes the bar to a value.
+/// The user takes the bar to a value from Min to Max.
 void scroll(ScrollBar& bar, int value);
 /// The user moves the bar by small changes towards its Max (towards its Min when negative), not
 /// beyond its ends.

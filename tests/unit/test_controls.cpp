@@ -22,6 +22,7 @@ class DemoForm : public Form {
     ListBox list{this, "list"};
     Collection<Label> label{this, "label"};
     Shape frame{this, "frame"};
+    ScrollBar bar{this, "bar"};
 };
 
 class Controls : public testing::Test {
@@ -91,6 +92,19 @@ TEST_F(Controls, AHiddenContainerTakesTheFocusAway) {
     form.text.SetFocus();
     EXPECT_EQ(system.focused(), nullptr);
     EXPECT_THROW(input::focus(form.text), InputRefused);
+}
+
+TEST_F(Controls, AUserTakesAScrollBarNoFurtherThanItsEnds) {
+    form.bar.Min = 40; // a bar may run against its numbers
+    form.bar.Max = -10;
+    form.bar.Change = [&](int) { events.push_back(std::to_string(form.bar.Value.get())); };
+    for (int const value : {40, -10})
+        input::scroll(form.bar, value);
+    for (int const value : {41, -11, 32767})
+        EXPECT_THROW(input::scroll(form.bar, value), InputRefused) << value;
+    EXPECT_EQ(events, (std::vector<std::string>{"40", "-10"}));
+    form.bar.Value = 500; // the program's own value is taken as it is
+    EXPECT_EQ(form.bar.Value, 500);
 }
 
 TEST_F(Controls, CollectionsTakeOverThePrototypesLookAndHandlers) {

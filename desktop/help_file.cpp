@@ -1,40 +1,56 @@
 #include "desktop/help_file.h"
 
-#include "desktop/help_soundness.h"
+#include "desktop/help_reader.h"
 
-#include <QFile>
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QStringDecoder>
 #include <QTextDocumentFragment>
 
-#include <chm_lib.h>
-
 #include <algorithm>
+#include <cstring>
+#include <optional>
 
 namespace desktop {
 
 namespace {
 
-/// More than any page or picture has; a damaged file may claim any length.
-constexpr LONGUINT64 largestObject = 16 * 1024 * 1024;
-
-QByteArray readObject(chmFile* file, char const* path) {
-    chmUnitInfo unit;
-    if (chm_resolve_object(file, path, &unit) != CHM_RESOLVE_SUCCESS || unit.length > largestObject)
-        return {};
-    QByteArray content(static_cast<qsizetype>(unit.length), '\0');
-    auto const length = static_cast<LONGINT64>(unit.length);
-    auto* const bytes = reinterpret_cast<unsigned char*>(content.data());
-    if (chm_retrieve_object(file, &unit, bytes, 0, length) != length)
-        return {};
-    return content;
+/// Beside the program, or where programs are installed that only programs start.
+QString readerProgram() {
+    QDir const folder(QCoreApplication::applicationDirPath());
+    auto const name = QString::fromLatin1(help_reader::program);
+    auto const beside = folder.filePath(name);
+    return QFileInfo::exists(beside)
+               ? beside
+               : folder.filePath(QStringLiteral("../libexec/kehystin/") + name);
 }
 
-int collectName(chmFile*, chmUnitInfo* unit, void* names) {
-    auto const name = QString::fromUtf8(unit->path);
-    if (!name.endsWith(u'/'))
-        static_cast<QStringList*>(names)->append(name.mid(1));
-    return CHM_ENUMERATOR_CONTINUE;
+/// What the reader says of a file; nothing where it falls over it or does not come back.
+std::optional<QByteArray> readApart(QString const& path) {
+    constexpr int patience = 3000;                     // milliseconds
+    constexpr qsizetype mostBytes = 256 * 1024 * 1024; // of a damaged directory without an end
+    QDeadlineTimer const deadline(patience);
+    QProcess reader;
+    reader.setStandardInputFile(QProcess::nullDevice());
+    reader.setStandardErrorFile(QProcess::nullDevice());
+    reader.start(readerProgram(), {QFileInfo(path).absoluteFilePath()}, QIODevice::ReadOnly);
+    QByteArray written;
+    auto const left = [&] { return static_cast<int>(deadline.remainingTime()); };
+    while (written.size() <= mostBytes && reader.waitForReadyRead(left()))
+        written += reader.readAll();
+    bool const ended = written.size() <= mostBytes &&
+                       (reader.state() == QProcess::NotRunning || reader.waitForFinished(left()));
+    if (!ended) {
+        reader.kill();
+        reader.waitForFinished(patience);
+    }
+    if (!ended || reader.exitStatus() != QProcess::NormalExit || reader.exitCode() != 0)
+        return std::nullopt;
+    return written + reader.readAll();
 }
 
 bool isPage(QString const& name) {
@@ -48,25 +64,41 @@ QString plain(QString const& markup) {
 
 } // namespace
 
-void HelpFile::Close::operator()(chmFile* file) const {
-    chm_close(file);
-}
-
-HelpFile::HelpFile(std::unique_ptr<chmFile, Close> file) : file_(std::move(file)) {
-    chm_enumerate(file_.get(), CHM_ENUMERATE_NORMAL | CHM_ENUMERATE_FILES, collectName, &names_);
-}
-
 std::unique_ptr<HelpFile> HelpFile::open(QString const& path) {
-    if (!hasSoundCompression(path))
+    auto const written = readApart(path);
+    std::unique_ptr<HelpFile> help(new HelpFile);
+    if (!written || !help->take(*written))
         return nullptr;
-    std::unique_ptr<chmFile, Close> file(chm_open(QFile::encodeName(path).constData()));
-    if (!file || !hasSoundBlocks(readObject(file.get(), helpBlockTable)))
-        return nullptr;
-    std::unique_ptr<HelpFile> help(new HelpFile(std::move(file)));
     auto const pages = help->pages();
     bool const readable = std::any_of(pages.begin(), pages.end(),
                                       [&](auto const& page) { return !help->read(page).isNull(); });
     return readable ? std::move(help) : nullptr;
+}
+
+bool HelpFile::take(QByteArray const& written) {
+    qsizetype place = 0;
+    auto const next = [&](qsizetype length) {
+        QByteArray bytes(written.constData() + place, length); // not null, also where it is empty
+        place += length;
+        return bytes;
+    };
+    while (place < written.size()) {
+        help_reader::Heading heading{};
+        if (written.size() - place < qsizetype{sizeof heading})
+            return false;
+        std::memcpy(&heading, next(sizeof heading).constData(), sizeof heading);
+        bool const readable = heading.length != help_reader::unreadable;
+        auto const length = readable ? qsizetype{heading.length} : 0;
+        if (written.size() - place < qsizetype{heading.nameLength} + length)
+            return false;
+        auto const name = QString::fromUtf8(next(heading.nameLength)).mid(1); // without its slash
+        auto const bytes = next(length);
+        if (name.isEmpty() || files_.contains(name.toLower()))
+            continue;
+        names_.append(name);
+        files_.insert(name.toLower(), readable ? bytes : QByteArray());
+    }
+    return true;
 }
 
 QStringList HelpFile::pages() const {
@@ -76,8 +108,7 @@ QStringList HelpFile::pages() const {
 }
 
 QByteArray HelpFile::read(QString const& name) const {
-    auto const path = ("/" + name).toUtf8();
-    return path.size() > CHM_MAX_PATHLEN ? QByteArray() : readObject(file_.get(), path.constData());
+    return files_.value(name.toLower());
 }
 
 QString HelpFile::text(QString const& name) const {

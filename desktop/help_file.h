@@ -1,14 +1,13 @@
-// A compiled help file: pages, pictures and contents, read as they are asked for.
+// A compiled help file: pages, pictures and contents, as they were when it was opened.
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
-
-struct chmFile;
 
 namespace desktop {
 
@@ -21,7 +20,8 @@ struct HelpEntry {
 
 class HelpFile {
   public:
-    /// Null for a file that is missing, no help file, or damaged so that no page can be read.
+    /// Null for a file that is missing, no help file, or damaged so that no page can be read; after
+    /// some seconds at the latest, whatever stands in it.
     static std::unique_ptr<HelpFile> open(QString const& path);
 
     /// Names of everything in it, "velho.htm", "pictures/kortti.png".
@@ -37,14 +37,12 @@ class HelpFile {
     QList<HelpEntry> index() const { return entriesOf(QStringLiteral(".hhk")); }
 
   private:
-    struct Close {
-        void operator()(chmFile* file) const;
-    };
-    explicit HelpFile(std::unique_ptr<chmFile, Close> file);
+    /// Takes what the reader has written; false where it makes no sense.
+    bool take(QByteArray const& written);
     QList<HelpEntry> entriesOf(QString const& ending) const;
 
-    std::unique_ptr<chmFile, Close> file_;
     QStringList names_;
+    QHash<QString, QByteArray> files_; ///< by the name in small letters; null where unreadable
 };
 
 /// The lines of a contents or index file.

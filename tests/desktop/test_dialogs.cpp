@@ -28,6 +28,7 @@ class Dialogs : public RealProgram {
                 return;
             used = true;
             dialog = modal;
+            EXPECT_TRUE(soon([&] { return modal->isActiveWindow(); })); // and has the keyboard
             use();
             if (modal == QApplication::activeModalWidget())
                 modal->close();

@@ -8,7 +8,7 @@
 namespace desktop {
 
 void EventGate::run(std::function<void()> const& call) noexcept {
-    if (refreshing_ || sessionOver_)
+    if (refreshing_ || isClosed() || sessionOver_)
         return;
     ++depth_;
     guarded(call);
@@ -18,7 +18,7 @@ void EventGate::run(std::function<void()> const& call) noexcept {
 }
 
 void EventGate::refresh() noexcept {
-    if (refreshing_ || sessionOver_)
+    if (refreshing_ || isClosed() || sessionOver_)
         return;
     refreshing_ = true;
     guarded(owner_.refresh);

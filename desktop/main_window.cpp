@@ -229,11 +229,8 @@ void MainWindow::sendGeometry() {
     auto const known = formGeometry();
     if (taken == known)
         return;
-    if (gate_.isRefreshing()) { // a change of state that shows at once
-        QMetaObject::invokeMethod(
-            this, [this] { sendGeometry(); }, Qt::QueuedConnection);
-        return;
-    }
+    if (gate_.isClosed() || gate_.isRefreshing()) // a change of state shows at once
+        return sendLater(&MainWindow::sendGeometry);
     known_ = taken;
     gate_.run([&] {
         if (taken.topLeft() != known.topLeft())
@@ -267,7 +264,19 @@ void MainWindow::changeEvent(QEvent* event) {
         settled_.start();
     else
         settled_.stop();
-    gate_.run([&] { platform::input::set_window_state(*form_, stateOf(*this)); });
+    sendState();
+}
+
+void MainWindow::sendState() {
+    if (gate_.isClosed())
+        return sendLater(&MainWindow::sendState);
+    if (form_)
+        gate_.run([&] { platform::input::set_window_state(*form_, stateOf(*this)); });
+}
+
+void MainWindow::sendLater(void (MainWindow::*send)()) {
+    constexpr int untilOpen = 50; // milliseconds
+    QTimer::singleShot(gate_.isClosed() ? untilOpen : 0, this, send);
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {

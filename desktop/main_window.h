@@ -49,6 +49,9 @@ class MainWindow : public QMainWindow, public FormView {
     void layOut();
     /// Tells the program where the window stands and what outer size it has.
     void sendGeometry();
+    void sendState();
+    /// Does so in a moment, when the gate takes it.
+    void sendLater(void (MainWindow::*send)());
     QRect formGeometry() const;
     QRect seenGeometry() const;
     bool isNormal() const { return !isMinimized() && !isMaximized(); }

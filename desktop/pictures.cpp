@@ -6,6 +6,7 @@
 #include "platform/base.h"
 
 #include <QDataStream>
+#include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -14,6 +15,7 @@
 #include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdlib>
@@ -27,26 +29,33 @@ namespace {
 using platform::ErrorNumber;
 using platform::RuntimeError;
 
-/// A file may claim any size; more than this is a mistake or an attack.
-constexpr qint64 mostMegapixels = 64;
-constexpr qint64 megapixel = 1024 * 1024;
-
 RuntimeError noPicture() {
     return {ErrorNumber::invalid_picture, "Tiedosto ei ole kuva"};
 }
 
+qint64 pixelsIn(QSize size) {
+    return size.isValid() ? qint64{size.width()} * size.height() : 0;
+}
+
 void requireModest(QSize size) {
-    if (size.isValid() && qint64{size.width()} * size.height() > mostMegapixels * megapixel)
-        throw RuntimeError(ErrorNumber::invalid_picture, "Kuva on liian suuri, yli " +
-                                                             std::to_string(mostMegapixels) +
-                                                             " megapikseliä");
+    if (pixelsIn(size) > mostPixels)
+        throw RuntimeError(ErrorNumber::invalid_picture,
+                           "Kuva on liian suuri, yli " + std::to_string(mostPixels / megapixel) +
+                               " megapikseliä");
+}
+
+/// A reader of Qt, with as much memory as the largest picture needs.
+void prepare(QImageReader& reader) {
+    constexpr qint64 mostBytes = 8; // of a pixel
+    constexpr qint64 megabyte = 1024 * 1024;
+    QImageReader::setAllocationLimit(
+        static_cast<int>((mostPixels * mostBytes + megabyte - 1) / megabyte));
+    reader.setDecideFormatFromContent(true);
 }
 
 QImage readImage(QString const& path) {
-    constexpr int mostBytes = 8; // of a pixel: Qt has a limit of its own, which must not come first
-    QImageReader::setAllocationLimit(static_cast<int>(mostMegapixels * mostBytes));
     QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
+    prepare(reader);
     reader.setAutoTransform(true);
     requireModest(reader.size());
     auto const image = reader.read();
@@ -81,10 +90,35 @@ QSize sizeOfMetafile(QString const& path) {
     return {pixels(header.left, header.right), pixels(header.top, header.bottom)};
 }
 
+/// Runs the converter of metafiles. What has nothing to do with a user's input goes on meanwhile,
+/// the painting of the windows above all.
+void convert(QStringList const& words) {
+    constexpr int patience = 1500;   // milliseconds
+    constexpr int untilKilled = 300; // milliseconds
+    QProcess converter;
+    converter.setStandardInputFile(QProcess::nullDevice());
+    converter.setStandardOutputFile(QProcess::nullDevice());
+    converter.setStandardErrorFile(QProcess::nullDevice());
+    QEventLoop waiting;
+    QObject::connect(&converter, &QProcess::finished, &waiting, &QEventLoop::quit);
+    QObject::connect(&converter, &QProcess::errorOccurred, &waiting, &QEventLoop::quit);
+    QTimer::singleShot(patience, &waiting, &QEventLoop::quit);
+    converter.start(QStringLiteral("wmf2gd"), words);
+    if (converter.state() != QProcess::NotRunning)
+        waiting.exec(QEventLoop::ExcludeUserInputEvents);
+    if (converter.error() == QProcess::FailedToStart)
+        throw RuntimeError(ErrorNumber::invalid_picture,
+                           "Kuvatyypin muunninohjelma wmf2gd puuttuu");
+    if (converter.state() != QProcess::NotRunning) {
+        converter.kill();
+        converter.waitForFinished(untilKilled);
+        throw RuntimeError(ErrorNumber::invalid_picture, "Kuvan muuntaminen kestää liian kauan");
+    }
+}
+
 /// Metafiles are drawings of another system; a converter beside the program makes pixels of them.
 QImage readMetafile(QString const& path) {
-    constexpr int patience = 5000; // milliseconds; nobody can do anything else meanwhile
-    constexpr int largest = 3000;  // pixels, as large as a card can be
+    constexpr int largest = 3000; // pixels, as large as a card can be
     QTemporaryDir const folder;
     auto const drawn = folder.filePath(QStringLiteral("picture.png"));
     auto size = sizeOfMetafile(path);
@@ -96,20 +130,7 @@ QImage readMetafile(QString const& path) {
     size = size.boundedTo({largest, largest});
     words.append({QStringLiteral("--maxwidth=%1").arg(size.width()),
                   QStringLiteral("--maxheight=%1").arg(size.height()), path});
-    QProcess converter;
-    converter.setStandardInputFile(QProcess::nullDevice());
-    converter.setStandardOutputFile(QProcess::nullDevice());
-    converter.setStandardErrorFile(QProcess::nullDevice());
-    converter.start(QStringLiteral("wmf2gd"), words);
-    bool const done = converter.waitForFinished(patience);
-    if (converter.error() == QProcess::FailedToStart)
-        throw RuntimeError(ErrorNumber::invalid_picture,
-                           "Kuvatyypin muunninohjelma wmf2gd puuttuu");
-    if (!done) {
-        converter.kill();
-        converter.waitForFinished(patience);
-        throw RuntimeError(ErrorNumber::invalid_picture, "Kuvan muuntaminen kestää liian kauan");
-    }
+    convert(words);
     return readImage(drawn);
 }
 
@@ -125,12 +146,21 @@ platform::Picture loadPicture(std::string const& path) {
     QFileInfo const file(toQt(path));
     if (!file.isFile())
         throw RuntimeError(ErrorNumber::file_not_found);
-    bool const metafile = file.suffix().compare(QLatin1String("wmf"), Qt::CaseInsensitive) == 0;
     auto const absolute = file.absoluteFilePath();
     auto pixmap = std::make_shared<QPixmap>(
-        QPixmap::fromImage(metafile ? readMetafile(absolute) : readImage(absolute)));
+        QPixmap::fromImage(isMetafile(path) ? readMetafile(absolute) : readImage(absolute)));
     platform::Size const size{double(pixmap->width()), double(pixmap->height())};
     return platform::Picture::loaded(path, size, std::move(pixmap));
+}
+
+bool isMetafile(std::string const& path) {
+    return toQt(path).endsWith(QLatin1String(".wmf"), Qt::CaseInsensitive);
+}
+
+qint64 pixelsOf(std::string const& path) {
+    QImageReader reader(toQt(path));
+    prepare(reader);
+    return pixelsIn(reader.size());
 }
 
 void drawPicture(QPainter& painter, platform::Picture const& picture, QRectF const& place) {

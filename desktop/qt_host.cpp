@@ -161,6 +161,10 @@ platform::Size QtHost::measure_text(platform::Font const& font, std::string_view
 }
 
 platform::Picture QtHost::LoadPicture(std::string const& path) {
+    if (!isMetafile(path))
+        return loadPicture(path);
+    EventGate::Closed const closed(gate_);
+    Timers::Hold const hold(timers_);
     return loadPicture(path);
 }
 

@@ -3,11 +3,9 @@
 #include "desktop/fonts.h"
 #include "desktop/look.h"
 #include "desktop/pictures.h"
-#include "desktop/text.h"
 #include "platform/form.h"
 
 #include <QDateTime>
-#include <QImageReader>
 
 namespace draw {
 
@@ -16,18 +14,8 @@ using platform::RuntimeError;
 
 namespace {
 
-constexpr std::int64_t megapixel = 1'000'000;
-
 [[noreturn]] void cancel() {
     throw RuntimeError(ErrorNumber::cancelled);
-}
-
-/// What a picture file takes, by its own word, in pixels; 0 where it does not say.
-std::int64_t pixelsOf(std::string const& path) {
-    QImageReader reader(desktop::toQt(path));
-    reader.setDecideFormatFromContent(true);
-    auto const size = reader.size();
-    return size.isValid() ? std::int64_t{size.width()} * size.height() : 0;
 }
 
 } // namespace
@@ -67,9 +55,9 @@ platform::Picture DrawingHost::readPicture(std::string const& path) {
         if (pixels > most_ - taken_)
             throw RuntimeError(ErrorNumber::invalid_picture,
                                "Kuva on liian suuri, kortin kuvissa saa olla yhteensä " +
-                                   std::to_string(most_ / megapixel) + " megapikseliä");
+                                   std::to_string(most_ / desktop::megapixel) + " megapikseliä");
     };
-    require(pixelsOf(path));
+    require(desktop::pixelsOf(path));
     auto picture = desktop::loadPicture(path);
     auto const size = picture.size();
     auto const pixels = static_cast<std::int64_t>(size.width * size.height);

@@ -3,6 +3,7 @@
 // begin with it.
 #include "card/reading.h"
 #include "desktop/look.h"
+#include "desktop/pictures.h"
 #include "desktop/text.h"
 #include "draw/drawing_host.h"
 #include "draw/picture.h"
@@ -36,9 +37,10 @@ struct Wanted {
 };
 
 /// The largest card has 9 million pixels. What stands in memory at a time is kept far below a
-/// hundred megabytes: many cards are drawn in a row, and by several at once.
-constexpr std::int64_t most_pixels = 17'000'000;
-constexpr std::int64_t most_of_pictures = 8'000'000;
+/// hundred megabytes, unlike in the editor, which takes larger pictures: many cards are drawn in a
+/// row, and by several at once.
+constexpr std::int64_t most_pixels = 17 * desktop::megapixel;
+constexpr std::int64_t most_of_pictures = 8 * desktop::megapixel;
 
 /// In one line, whatever stands in a box or in the name of a picture.
 void complain(std::string const& name, std::string const& what) {

@@ -1,6 +1,7 @@
 // Picture files: what can be read, and why something cannot.
 #include "desktop/pictures.h"
 #include "platform/base.h"
+#include "tests/desktop/real_program.h"
 
 #include <QFile>
 #include <QImage>
@@ -8,24 +9,36 @@
 
 #include <gtest/gtest.h>
 
+namespace kehystin {
+
 namespace {
+
+/// Stands in for the converter of metafiles while it lives.
+class FakeConverter {
+  public:
+    explicit FakeConverter(QByteArray const& script) {
+        QFile file(folder_.filePath(QStringLiteral("wmf2gd")));
+        if (file.open(QIODevice::WriteOnly))
+            file.write("#!/bin/sh\n" + script);
+        file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        qputenv("PATH", folder_.path().toUtf8() + ':' + path_);
+    }
+    ~FakeConverter() { qputenv("PATH", path_); }
+    FakeConverter(FakeConverter const&) = delete;
+    FakeConverter& operator=(FakeConverter const&) = delete;
+
+  private:
+    QTemporaryDir folder_;
+    QByteArray path_ = qgetenv("PATH");
+};
 
 class Pictures : public testing::Test {
   protected:
-    ~Pictures() override { qputenv("PATH", path_); }
-
     std::string write(char const* name, QByteArray const& content) {
         QFile file(folder_.filePath(QLatin1String(name)));
         if (file.open(QIODevice::WriteOnly))
             file.write(content);
         return file.fileName().toStdString();
-    }
-    /// Stands in for the converter of metafiles.
-    void installConverter(QByteArray const& script) {
-        write("wmf2gd", "#!/bin/sh\n" + script);
-        QFile(folder_.filePath(QStringLiteral("wmf2gd")))
-            .setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-        qputenv("PATH", folder_.path().toUtf8() + ':' + path_);
     }
     static std::string refusal(std::string const& file) {
         try {
@@ -38,7 +51,6 @@ class Pictures : public testing::Test {
     }
 
     QTemporaryDir folder_;
-    QByteArray path_ = qgetenv("PATH");
 };
 
 QImage picture(int width, int height) {
@@ -67,13 +79,64 @@ TEST_F(Pictures, ALargePhotographIsShown) {
 }
 
 TEST_F(Pictures, AMetafileNeedsAConverterThatComesToAnEnd) {
-    auto const drawing = write("piirros.wmf", "piirros");
-    installConverter("exit 1\n");
-    EXPECT_EQ(refusal(drawing), "Tiedosto ei ole kuva");
-    installConverter("exec sleep 60\n");
-    EXPECT_EQ(refusal(drawing), "Kuvan muuntaminen kestää liian kauan");
+    auto const drawing = write("piirros.WMF", "piirros");
+    {
+        FakeConverter const failing("exit 1\n");
+        EXPECT_EQ(refusal(drawing), "Tiedosto ei ole kuva");
+    }
+    {
+        FakeConverter const falling("kill -SEGV $$\n");
+        EXPECT_EQ(refusal(drawing), "Tiedosto ei ole kuva");
+    }
+    {
+        FakeConverter const hanging("trap '' TERM\nwhile :; do sleep 0.1; done\n");
+        EXPECT_EQ(refusal(drawing), "Kuvan muuntaminen kestää liian kauan");
+    }
+    auto const path = qgetenv("PATH");
     qputenv("PATH", folder_.filePath(QStringLiteral("ei")).toUtf8());
     EXPECT_EQ(refusal(drawing), "Kuvatyypin muunninohjelma wmf2gd puuttuu");
+    qputenv("PATH", path);
+}
+
+/// Counts the paintings of a widget.
+class Paintings : public QObject {
+  public:
+    explicit Paintings(QWidget& watched) { watched.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint;
+        return false;
+    }
+    int count = 0;
+};
+
+class PictureInTheProgram : public RealProgram {};
+
+TEST_F(PictureInTheProgram, WhileAConverterWorksTheWindowsArePaintedAndNothingComesIn) {
+    start(copy_of(QStringLiteral("asiakkaat.krt")));
+    FakeConverter const hanging("exec sleep 60\n");
+    QFile drawing(folder.filePath(QStringLiteral("piirros.wmf")));
+    ASSERT_TRUE(drawing.open(QIODevice::WriteOnly));
+    auto const wide = fEditor->Width.get();
+    bool const bar = fEditor->fldBar.Visible;
+    Paintings paintings(*canvas());
+    bool during = false;
+    QTimer::singleShot(100, qApp, [&] {
+        paintings.count = 0;
+        canvas()->update();
+        window()->resize(window()->width() + 60, window()->height());
+        QTest::keyClick(window(), Qt::Key_F6);
+        action(QStringLiteral("Kentät"))->trigger();
+        EXPECT_TRUE(soon([&] { return paintings.count > 0; }));
+        EXPECT_EQ(fEditor->fldBar.Visible, bar);
+        EXPECT_EQ(fEditor->Width, wide);
+        during = true;
+    });
+    EXPECT_THROW(host->LoadPicture(drawing.fileName().toStdString()), platform::RuntimeError);
+    EXPECT_TRUE(during);
+    // The window has its new size, and the program learns of it.
+    EXPECT_TRUE(soon([&] { return fEditor->Width == wide + 60 * 15; }));
 }
 
 } // namespace
+
+} // namespace kehystin

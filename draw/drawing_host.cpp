@@ -3,9 +3,13 @@
 #include "desktop/fonts.h"
 #include "desktop/look.h"
 #include "desktop/pictures.h"
+#include "desktop/text.h"
+#include "draw/foreign_svg.h"
 #include "platform/form.h"
 
 #include <QDateTime>
+#include <QFileInfo>
+#include <QImageReader>
 
 namespace draw {
 
@@ -16,6 +20,28 @@ namespace {
 
 [[noreturn]] void cancel() {
     throw RuntimeError(ErrorNumber::cancelled);
+}
+
+/// What a picture file takes at most, by its own word, in pixels of four bytes; 0 where it does not
+/// say. Raises invalid_picture where its word is worth nothing.
+std::int64_t pixelsOf(std::string const& path) {
+    auto const file = desktop::toQt(path);
+    if (!QFileInfo(file).isFile())
+        return 0;
+    QImageReader reader(file);
+    reader.setDecideFormatFromContent(true);
+    // Of a drawing the size alone would already read all that it names.
+    if (reader.format().startsWith("svg") && !standsAlone(file))
+        throw RuntimeError(ErrorNumber::invalid_picture,
+                           "SVG-kuva on pakattu, liian suuri tai vaatii muita tiedostoja");
+    auto const size = reader.size();
+    if (!size.isValid())
+        return 0;
+    constexpr int usual = 32; // bits of a pixel
+    int const bits = QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel();
+    // It stands in memory as it was until it has been turned into the usual.
+    int const times = bits > usual ? 1 + (bits + usual - 1) / usual : 1;
+    return std::int64_t{size.width()} * size.height() * times;
 }
 
 } // namespace
@@ -57,7 +83,7 @@ platform::Picture DrawingHost::readPicture(std::string const& path) {
                                "Kuva on liian suuri, kortin kuvissa saa olla yhteensä " +
                                    std::to_string(most_ / desktop::megapixel) + " megapikseliä");
     };
-    require(desktop::pixelsOf(path));
+    require(pixelsOf(path));
     auto picture = desktop::loadPicture(path);
     auto const size = picture.size();
     auto const pixels = static_cast<std::int64_t>(size.width * size.height);
@@ -70,10 +96,13 @@ platform::Picture DrawingHost::LoadPicture(std::string const& path) {
     auto const known = pictures_.find(path);
     if (known != pictures_.end())
         return known->second;
+    auto const refused = refused_.find(path);
+    if (refused != refused_.end())
+        throw refused->second;
     try {
         return pictures_[path] = readPicture(path);
     } catch (RuntimeError const& error) {
-        hasLeftOut_ = true;
+        refused_.emplace(path, error);
         complain_("kuvaa " + path + " ei voi näyttää: " + error.text());
         throw;
     }

@@ -19,7 +19,7 @@ class DrawingHost : public platform::Host {
 
     /// The pictures of a card have so many pixels together; one that is too much is left out.
     void setMostPixels(std::int64_t pixels) { most_ = pixels; }
-    bool hasLeftOut() const { return hasLeftOut_; }
+    bool hasLeftOut() const { return !refused_.empty(); }
     /// What the last box said; empty without one.
     std::string const& lastBox() const { return lastBox_; }
 
@@ -34,7 +34,7 @@ class DrawingHost : public platform::Host {
     std::vector<std::string> fonts() const override { return {}; }
     bool accepts_font(std::string_view name) const override;
     platform::Size measure_text(platform::Font const& font, std::string_view text) const override;
-    /// A picture that several fields show is read once.
+    /// A picture that several fields show is read, and told, once.
     platform::Picture LoadPicture(std::string const& path) override;
 
     platform::ScreenMetrics metrics() const override;
@@ -56,8 +56,8 @@ class DrawingHost : public platform::Host {
     std::int64_t most_ = 0;
     std::int64_t taken_ = 0;
     std::map<std::string, platform::Picture> pictures_;
+    std::map<std::string, platform::RuntimeError> refused_;
     std::string lastBox_;
-    bool hasLeftOut_ = false;
 };
 
 } // namespace draw

@@ -39,8 +39,10 @@ struct Wanted {
 /// The largest card has 9 million pixels. What stands in memory at a time is kept far below a
 /// hundred megabytes, unlike in the editor, which takes larger pictures: many cards are drawn in a
 /// row, and by several at once.
-constexpr std::int64_t most_pixels = 17 * desktop::megapixel;
+constexpr std::int64_t most_pixels = 16 * desktop::megapixel;
 constexpr std::int64_t most_of_pictures = 8 * desktop::megapixel;
+constexpr std::int64_t most_of_pictures_in_pdf =
+    6 * desktop::megapixel; // each is taken apart first
 
 /// In one line, whatever stands in a box or in the name of a picture.
 void complain(std::string const& name, std::string const& what) {
@@ -111,7 +113,9 @@ Status draw_card(Wanted& wanted, DrawingHost& host, QIODevice& to) {
         complain(wanted.name, "kuvasta tulee liian suuri, pienennä valitsinta --scale");
         return failed;
     }
-    host.setMostPixels(std::min(room, most_of_pictures));
+    host.setMostPixels(wanted.picture.format == draw::Format::pdf
+                           ? most_of_pictures_in_pdf
+                           : std::min(room, most_of_pictures));
     fEditor = std::make_unique<EditorForm>();
     fEditor->cmd_link_automatic.Checked = wanted.links;
     fEditor->cmd_linkBar.Checked = wanted.links;

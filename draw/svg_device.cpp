@@ -1,7 +1,7 @@
 #include "draw/svg_device.h"
 
-#include <QBuffer>
 #include <QFont>
+#include <QIODevice>
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
+#include <tuple>
 
 namespace draw {
 
@@ -82,6 +84,35 @@ QColor colourOf(QBrush const& brush) {
         return brush.color();
     return gradient->stops().at(gradient->stops().size() / 2).second;
 }
+
+/// Passes on what is written to it as Base64: a large picture never stands there encoded.
+class Base64 : public QIODevice {
+  public:
+    explicit Base64(QIODevice& to) : to_(to) { open(WriteOnly | Unbuffered); }
+
+    /// Writes the rest. False where anything could not be written.
+    bool finish() { return pass(rest_.size()) && whole_; }
+
+  protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(char const* bytes, qint64 count) override {
+        rest_.append(bytes, count);
+        constexpr qsizetype group = 3; // padding stands at the end only
+        return pass(rest_.size() - rest_.size() % group) ? count : -1;
+    }
+
+  private:
+    bool pass(qsizetype count) {
+        auto const letters = QByteArray::fromRawData(rest_.constData(), count).toBase64();
+        whole_ = to_.write(letters) == letters.size() && whole_;
+        rest_.remove(0, count);
+        return whole_;
+    }
+
+    QIODevice& to_;
+    QByteArray rest_;
+    bool whole_ = true;
+};
 
 } // namespace
 
@@ -163,23 +194,12 @@ class SvgEngine : public QPaintEngine {
     }
 
     void drawPixmap(QRectF const& place, QPixmap const& pixmap, QRectF const& part) override {
-        drawImage(place, pixmap.toImage(), part);
+        show(place, part, pixmap.cacheKey(), [&] { return pixmap.toImage(); });
     }
 
     void drawImage(QRectF const& place, QImage const& image, QRectF const& part,
                    Qt::ImageConversionFlags = Qt::AutoColor) override {
-        auto const wanted = part.toAlignedRect();
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        (wanted == image.rect() ? image : image.copy(wanted)).save(&buffer, "png");
-        add("<image" + opacity() + " preserveAspectRatio=\"none\"" +
-            rectangle(transform_.mapRect(place)) + " xlink:href=\"data:image/png;base64,");
-        constexpr qsizetype piece = 3 * 4096; // without padding between them
-        for (qsizetype done = 0; done < bytes.size(); done += piece)
-            write(QByteArray::fromRawData(bytes.constData() + done,
-                                          std::min(piece, bytes.size() - done))
-                      .toBase64());
-        write("\"/>\n");
+        show(place, part, image.cacheKey(), [&] { return image; });
     }
 
   private:
@@ -204,6 +224,35 @@ class SvgEngine : public QPaintEngine {
                      attribute("stroke-width", number(std::max(width, 1.0) * scale));
         }
         add("<path" + opacity() + words + "/>\n");
+    }
+
+    /// A picture stands in the drawing once, however often it is shown.
+    template <typename Image>
+    void show(QRectF const& place, QRectF const& part, qint64 key, Image const& image) {
+        auto const wanted = part.toAlignedRect();
+        auto const known = pictures_.try_emplace(
+            {key, wanted.x(), wanted.y(), wanted.width(), wanted.height()}, pictures_.size() + 1);
+        auto const name = "p" + QByteArray::number(known.first->second);
+        if (known.second)
+            define(name, image(), wanted);
+        auto const here = transform_.mapRect(place);
+        add("<use" + opacity() +
+            attribute("transform",
+                      "matrix(" +
+                          numbers({here.width() / wanted.width(), 0, 0,
+                                   here.height() / wanted.height(), here.x(), here.y()}) +
+                          ')') +
+            attribute("xlink:href", '#' + name) + "/>\n");
+    }
+
+    void define(QByteArray const& name, QImage const& image, QRect const& part) {
+        write("<defs><image" + attribute("id", name) + " preserveAspectRatio=\"none\"" +
+              attribute("width", number(part.width())) +
+              attribute("height", number(part.height())) + " xlink:href=\"data:image/png;base64,");
+        Base64 to(to_);
+        whole_ = (part == image.rect() ? image : image.copy(part)).save(&to, "png") && whole_;
+        whole_ = to.finish() && whole_;
+        write("\"/></defs>\n");
     }
 
     void clip(Qt::ClipOperation operation, QRectF const& place) {
@@ -248,6 +297,8 @@ class SvgEngine : public QPaintEngine {
     QRectF clip_ = all();
     QRectF shownClip_ = all();
     int clips_ = 0;
+    /// Numbers of what has been defined, by the picture's key and the part of it.
+    std::map<std::tuple<qint64, int, int, int, int>, std::size_t> pictures_;
 };
 
 SvgDevice::SvgDevice(QIODevice& to, QSize size, Page page)

@@ -20,6 +20,9 @@ namespace fs = std::filesystem;
 
 constexpr char const* name = "krt-draw";
 
+/// Bytes of a drawing, which stands in memory until the old file can be replaced.
+constexpr std::size_t largest_picture = 64U * 1024 * 1024;
+
 /// Beside krt itself, or where programs are installed that only programs start.
 std::optional<fs::path> find_program() {
     std::error_code ignored;
@@ -57,16 +60,19 @@ TemporaryFile file_of(std::string_view bytes) {
     return file;
 }
 
+/// Up to the end or one byte beyond the limit.
 std::string read_to_end(int descriptor) {
     std::string bytes;
     std::array<char, 64 * 1024> piece;
-    for (;;) {
+    bytes.reserve(largest_picture + piece.size()); // grown, it would stand twice
+    while (bytes.size() <= largest_picture) {
         auto const got = read(descriptor, piece.data(), piece.size());
         if (got > 0)
             bytes.append(piece.data(), static_cast<std::size_t>(got));
         else if (got == 0 || errno != EINTR)
-            return bytes;
+            break;
     }
+    return bytes;
 }
 
 /// The process, or 0.
@@ -110,7 +116,7 @@ std::optional<Painted> paint(std::vector<std::string> const& words, std::string_
         complain(name, "ei voi käynnistää");
         return std::nullopt;
     }
-    Descriptor const from(ends[0]);
+    Descriptor from(ends[0]);
     Descriptor to(ends[1]);
     auto const process = start(*program, words, fileno(in.get()), to.number);
     if (process == 0) {
@@ -120,6 +126,14 @@ std::optional<Painted> paint(std::vector<std::string> const& words, std::string_
     to.close();
     Painted painted;
     painted.bytes = read_to_end(from.number);
+    from.close(); // a program that still writes ends
+    if (painted.bytes.size() > largest_picture) {
+        int ignored = 0;
+        while (waitpid(process, &ignored, 0) < 0 && errno == EINTR)
+            ;
+        complain(words.front(), "kuvasta tulee liian suuri, yli 64 Mt");
+        return std::nullopt;
+    }
     painted.status = end_of(process);
     if (painted.status == Status::failed)
         return std::nullopt;

@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 /// As many as the editor takes.
 constexpr std::int64_t most_megapixels = 64;
-constexpr std::int64_t megapixel = 1024 * 1024;
+constexpr std::int64_t megapixel = 1'000'000;
 
 /// Walks over the numbers of a file; beyond its end they are 0.
 class Numbers {

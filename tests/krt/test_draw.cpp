@@ -1,6 +1,7 @@
 // Pictures of cards. That they are what the editor paints is looked at where the editor is.
 #include "tests/krt/tool.h"
 
+#include <sstream>
 #include <sys/resource.h>
 
 namespace {
@@ -17,6 +18,38 @@ std::pair<int, int> size_of_png(std::string const& bytes) {
     EXPECT_TRUE(bytes.starts_with("\x89PNG"));
     return {number_at(bytes, 16), number_at(bytes, 20)};
 }
+
+int count_of(std::string const& what, std::string const& in) {
+    int found = 0;
+    for (auto at = in.find(what); at != std::string::npos; at = in.find(what, at + 1))
+        ++found;
+    return found;
+}
+
+/// An SVG picture of 100 by 100 with this inside.
+std::string drawing(std::string const& inside) {
+    return "<svg xmlns=\"http://www.w3.org/2000/svg\" "
+           "xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"100\" height=\"100\">" +
+           inside + "</svg>";
+}
+
+class KrtDraw : public Krt {
+  protected:
+    /// A card whose every field shows this picture.
+    void write_gallery(std::string const& name, std::string const& picture) {
+        std::istringstream from(bytes_of(fs::path(KRT_EXAMPLES) / "kolmesataa.krt"));
+        std::string card;
+        for (std::string line; std::getline(from, line);) {
+            auto const value = line.find(").style=") == std::string::npos ? ").list=" : ").style=";
+            auto const at = line.find(value);
+            if (at != std::string::npos)
+                line = line.substr(0, at) + value +
+                       (value == std::string(").style=") ? "5" : picture) + '\r';
+            card += line + '\n';
+        }
+        write(name, card);
+    }
+};
 
 } // namespace
 
@@ -65,6 +98,44 @@ TEST_F(Krt, DrawSaysWhatItRepairsAndLeavesOut) {
     EXPECT_EQ(run("draw k/c.krt -o c.png"), 1);
     EXPECT_EQ(err, "krt: k/c.krt: kuvaa k/kuva.bmp ei voi näyttää: Kuva on liian suuri, kortin "
                    "kuvissa saa olla yhteensä 8 megapikseliä\n");
+}
+
+TEST_F(KrtDraw, EachPictureStandsOnceInAnSvg) {
+    // Of the size that the card may have together; used anew each time it would be gigabytes.
+    write("k.bmp", picture_header(2800, 2800) + std::string(3 * 2800 * 2800, '\x5a'));
+    write_gallery("a.krt", "k.bmp");
+    ASSERT_EQ(run("draw a.krt -o a.svg"), 0) << err;
+    auto const svg = bytes_of(folder / "a.svg");
+    EXPECT_EQ(count_of("data:image/png", svg), 1);
+    EXPECT_EQ(count_of("<use ", svg), 300);
+    EXPECT_LT(svg.size(), 1'000'000U);
+}
+
+TEST_F(KrtDraw, LeavesOutDrawingsThatReachBeyondThemselves) {
+    write("k.bmp", picture_header(1, 1) + std::string(4, '\0'));
+    write("k.css", "rect { fill: red }");
+    write("k.svg", drawing("<rect width='9' height='9' fill='#c0ffee'/>"));
+    write_gallery("a.krt", "k.svg");
+    EXPECT_EQ(run("draw a.krt -o a.svg"), 0) << err;
+    EXPECT_EQ(count_of("data:image/png", bytes_of(folder / "a.svg")), 1);
+
+    std::string many;
+    for (int i = 0; i < 30'000; ++i)
+        many += "<g/>";
+    std::string const image = "<image width='9' height='9' xlink:href='k.bmp'/>";
+    for (auto const& hostile :
+         {drawing(image), drawing("<g><g>" + image + "</g></g>"), drawing(many),
+          drawing("<!-- " + std::string(2'000'000, ' ') + " -->"),
+          drawing("<image width='9' height='9' xlink:href='data:image/png;base64,AAAA'/>"),
+          "<!DOCTYPE svg [<!ENTITY i \"" + image + "\">]>" + drawing("&i;"),
+          "<?xml version='1.0'?><?xml-stylesheet type='text/css' href='k.css'?>" + drawing(""),
+          "<?xml version='1.0'?>" + drawing("<x:y/>" + image)}) {
+        write("k.svg", hostile);
+        EXPECT_EQ(run("draw a.krt -o a.svg"), 1) << hostile.substr(0, 200);
+        EXPECT_TRUE(err.starts_with("krt: a.krt: kuvaa k.svg ei voi näyttää: SVG-kuva")) << err;
+        EXPECT_EQ(count_of("\n", err), 1) << err; // once for all fields
+        EXPECT_EQ(count_of("data:", bytes_of(folder / "a.svg")), 0);
+    }
 }
 
 TEST_F(Krt, DrawKeepsItsMemorySmall) {

@@ -39,7 +39,7 @@ struct Wanted {
 /// The largest card has 9 million pixels. What stands in memory at a time is kept far below a
 /// hundred megabytes, unlike in the editor, which takes larger pictures: many cards are drawn in a
 /// row, and by several at once.
-constexpr std::int64_t most_pixels = 16 * desktop::megapixel;
+constexpr std::int64_t most_pixels = 17 * desktop::megapixel;
 constexpr std::int64_t most_of_pictures = 8 * desktop::megapixel;
 constexpr std::int64_t most_of_pictures_in_pdf =
     6 * desktop::megapixel; // each is taken apart first

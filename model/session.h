@@ -24,12 +24,12 @@ struct Session {
     std::string cardFolder; ///< folder of the card opened last, for the "+" form of a picture
     /// Of the file that stands on the surface: cardFile may name one that was refused.
     std::string open_folder;
-    std::string startFile;  ///< file that the next open takes without a dialog
-    std::string startText;  ///< the file that this start was given with "-k"
-    std::string readFile;   ///< path handed to the reader
-    std::string windowsDir; ///< folder of the settings file, with its closing separator
+    std::string startFile;        ///< file that the next open takes without a dialog
+    std::string startText;        ///< the file that this start was given with "-k"
+    std::string readFile;         ///< path handed to the reader
+    std::string windowsDir;       ///< folder of the settings file, with its closing separator
     bool settings_unread = false; ///< the file is there, and could not be read
-    std::string appPath;    ///< folder of the program, with its closing separator
+    std::string appPath;          ///< folder of the program, with its closing separator
     std::string helpFile;
     std::string helpTopic; ///< page that the help command opens
     Flag pro_updating;     ///< code fills the panel or rebuilds the surface: handlers stand aside

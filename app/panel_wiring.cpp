@@ -5,10 +5,10 @@
 #include "panel/selector.h"
 #include "properties/card_rows.h"
 #include "properties/content_rows.h"
+#include "properties/font_colour_rows.h"
 #include "properties/image_rows.h"
 #include "properties/link_rows.h"
 #include "properties/list_editor.h"
-#include "properties/look_rows.h"
 #include "properties/number_rows.h"
 #include "properties/word_choice.h"
 

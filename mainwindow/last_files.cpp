@@ -9,6 +9,8 @@ namespace kehystin {
 
 namespace {
 
+constexpr int last_file_places = 4; // of the six that the settings store: 1 to 4
+
 auto& place(int number) {
     return settings.lastFile[static_cast<std::size_t>(number)];
 }

@@ -1,4 +1,4 @@
-// The list of files opened last, in the settings and in the file menu.
+// The list of the four files opened last, in the settings and in the file menu.
 #pragma once
 
 #include <string_view>

@@ -18,7 +18,6 @@ inline constexpr int least_guide = 5;
 inline constexpr int largest_density = 200;
 
 inline constexpr int icon_places = 40;
-inline constexpr int last_file_places = 4;
 
 struct Settings {
     Integer spareFlag1 = -1;

@@ -1,4 +1,4 @@
-#include "properties/look_rows.h"
+#include "properties/font_colour_rows.h"
 
 #include "boxes/failure_report.h"
 #include "forms/editor_form.h"

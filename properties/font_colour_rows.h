@@ -1,4 +1,4 @@
-// The rows of looks: font, colours, alignment.
+// The rows of font, font size, colours and alignment.
 #pragma once
 
 namespace kehystin {

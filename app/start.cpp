@@ -14,6 +14,7 @@
 #include "panel/rows.h"
 #include "platform/files.h"
 #include "platform/system.h"
+#include "properties/font_colour_rows.h"
 
 #include <initializer_list>
 #include <string_view>
@@ -38,13 +39,7 @@ enum class Step {
 };
 
 void fill_lists() {
-    auto& form = *fEditor;
-    form.lst_fontName.Clear();
-    for (auto const& name : host().fonts())
-        form.lst_fontName.AddItem(name);
-    form.lst_fontSize.Clear();
-    for (int size = limits::smallest_font; size <= limits::largest_listed_font; ++size)
-        form.lst_fontSize.AddItem(std::to_string(size));
+    fill_font_lists();
     for (auto const& row : panel_rows())
         if (!row.value.words.empty()) {
             list_of(row.row).Clear();

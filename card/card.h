@@ -85,7 +85,6 @@ inline constexpr int largest_card = 3000;
 inline constexpr int largest_field = 3000; // pixels each way
 inline constexpr int smallest_font = 4;
 inline constexpr int largest_font = 32;
-inline constexpr int largest_listed_font = 30;
 inline constexpr int largest_size = 30000;
 inline constexpr int largest_tab_index = 990;
 inline constexpr std::size_t id_length = 20;

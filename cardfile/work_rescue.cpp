@@ -37,22 +37,22 @@ struct Keeper {
     std::shared_ptr<std::atomic<bool>> failed = std::make_shared<std::atomic<bool>>(false);
     bool failure_told = false;
     int saves = 0;
-    /// Saves that were not finished: the card's file, and the names of both sides.
+    /// Saves that were not finished: the card's file, and the number of the save.
     struct Unfinished {
         std::string file;
-        std::string name;
+        int save;
     };
     std::vector<Unfinished> unfinished;
 };
 
 std::unique_ptr<Keeper> keeper;
 
-std::string_view ending_of(What kind) {
-    return kind == What::work ? ".work" : kind == What::before ? ".before" : ".after";
+std::string name_of_work() {
+    return rescue::name_of_work(keeper->running->name());
 }
 
-std::string name_of(std::string_view what, What kind) {
-    return keeper->running->name() + std::string(what) + std::string(ending_of(kind));
+std::string name_of_save(int save, What side) {
+    return rescue::name_of_save(keeper->running->name(), save, side);
 }
 
 /// Makes folder and lock when they are needed first. False where the machine has none to give.
@@ -102,8 +102,8 @@ Rescue rescue_of_work() {
 }
 
 void write_work() {
-    auto const write = [store = keeper->store, name = name_of({}, What::work),
-                        work = rescue_of_work(), failed = keeper->failed] {
+    auto const write = [store = keeper->store, name = name_of_work(), work = rescue_of_work(),
+                        failed = keeper->failed] {
         try {
             with_memory_checked([&] { store.put(name, rescue::to_file(work)); });
             *failed = false;
@@ -175,8 +175,7 @@ std::string what_was_found(Rescue const& rescue) {
 void take_over(std::string const& name, What kind) {
     keeper->store.remove(name);
     if (kind == What::after)
-        keeper->store.remove(name.substr(0, name.rfind('.')) +
-                             std::string(ending_of(What::before)));
+        keeper->store.remove(rescue::before_of(name));
 }
 
 void offer_one(Offer const& offer) {
@@ -255,8 +254,7 @@ void note_open_file() {
 void drop_work() {
     if (!keeper || !std::exchange(keeper->keeps_work, false) || keeper->leaves_work)
         return;
-    host().in_background(
-        [store = keeper->store, name = name_of({}, What::work)] { store.remove(name); });
+    host().in_background([store = keeper->store, name = name_of_work()] { store.remove(name); });
 }
 
 void leave_work() {
@@ -275,18 +273,18 @@ void offer_rescue() {
 SaveRescue::SaveRescue(std::string const& file, std::string_view bytes)
     : file_(file), bytes_(bytes) {
     with_folder([&] {
-        auto const what = "+" + std::to_string(++keeper->saves);
+        int const save = ++keeper->saves;
         auto const time = rescue::time_of(Now());
         bool const again =
             std::any_of(keeper->unfinished.begin(), keeper->unfinished.end(),
                         [&](Keeper::Unfinished const& one) { return one.file == file_; });
-        keeper->unfinished.push_back({file_, what});
+        keeper->unfinished.push_back({file_, save});
         // What a save that failed has left of the file is in nobody's interest.
         auto const held = again ? std::nullopt : rescue::bytes_on_disk(file_);
         if (held)
-            keeper->store.put(name_of(what, What::before),
+            keeper->store.put(name_of_save(save, What::before),
                               to_file(Rescue{What::before, file_, time, false, 0, *held}));
-        keeper->store.put(name_of(what, What::after),
+        keeper->store.put(name_of_save(save, What::after),
                           to_file(Rescue{What::after, file_, time, bool(session.needNewID), 0,
                                          std::string(bytes)}));
     });
@@ -305,14 +303,14 @@ bool SaveRescue::finish() {
     host().finish_background();
     if (!keeper->running)
         return true;
-    keeper->store.remove(name_of({}, What::work));
+    keeper->store.remove(name_of_work());
     keeper->keeps_work = false;
     std::erase_if(keeper->unfinished, [&](Keeper::Unfinished const& one) {
         if (one.file != file_)
             return false;
         // The newer side first: while it is there, the older ones are not needed.
-        keeper->store.remove(name_of(one.name, What::before));
-        keeper->store.remove(name_of(one.name, What::after));
+        keeper->store.remove(name_of_save(one.save, What::before));
+        keeper->store.remove(name_of_save(one.save, What::after));
         return true;
     });
     return true;

@@ -1,12 +1,12 @@
 #include "panel/selection_rows.h"
 
 #include "forms/card_form.h"
-#include "mainwindow/command_state.h"
 #include "mainwindow/status_bar.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "panel/row_texts.h"
 #include "panel/rows.h"
+#include "panel/selection_commands.h"
 #include "platform/system.h"
 
 #include <algorithm>
@@ -64,11 +64,6 @@ Kinds kinds_of(std::vector<int> const& numbers) {
             found.push_back(kind);
     }
     return found;
-}
-
-bool titles_only(Kinds const& selected) {
-    return std::all_of(selected.begin(), selected.end(),
-                       [](Kind const* kind) { return kind->style == Style::OTS; });
 }
 
 /// Values of one sort; titles stand in the way of texts only.
@@ -158,48 +153,6 @@ bool says_other(Row row, Field before, Field now) {
     return row_text(row, before) != row_text(row, now);
 }
 
-/// One line of the card, column by column or row by row, that fields occupy.
-class Occupancy {
-  public:
-    /// False when the stretch meets one that is taken already; takes it otherwise.
-    bool take(int from, int length) {
-        int const begin = std::max(from, 1);
-        int const end = std::max(begin, from + length);
-        if (static_cast<std::size_t>(end) > taken_.size())
-            taken_.resize(static_cast<std::size_t>(end));
-        auto const first = taken_.begin() + begin;
-        auto const last = taken_.begin() + end;
-        if (std::find(first, last, 'X') != last)
-            return false;
-        std::fill(first, last, 'X');
-        return true;
-    }
-
-  private:
-    std::vector<char> taken_;
-};
-
-struct Freedom {
-    bool rows = true;
-    bool columns = true;
-};
-
-/// Whether the fields could be aligned without piling them up: in rows when no two of them share a
-/// stretch of height, in columns when no two share a stretch of width.
-Freedom freedom_of(std::vector<int> const& numbers) {
-    Freedom free;
-    Occupancy across;
-    Occupancy down;
-    for (int const number : numbers) {
-        auto const& one = field(number);
-        free.columns = free.columns && across.take(one.left, one.width);
-        free.rows = free.rows && down.take(one.top, one.height);
-        if (!free.rows && !free.columns)
-            break;
-    }
-    return free;
-}
-
 void show_common_rows(std::vector<int> const& numbers) {
     auto* const keyboard = System::current().focused();
     hide_pro();
@@ -214,10 +167,6 @@ void show_common_rows(std::vector<int> const& numbers) {
 int agreed_field(Row row) {
     auto const compared = compared_fields(row, selected_fields());
     return !compared.empty() && agree_in(row, compared) ? compared.front() : 0;
-}
-
-Code code(bool on) {
-    return on ? Code::on : Code::off;
 }
 
 } // namespace
@@ -269,9 +218,7 @@ void set_pro() {
     fEditor->cmb_field.ListIndex = -1;
     show_common_rows(numbers);
     fCard->focus(0).Visible = false;
-    auto const free = freedom_of(numbers);
-    UpdateCommandState(Code::keep, Code::on, code(free.rows), code(free.columns),
-                       code(titles_only(kinds_of(numbers))), Code::keep);
+    command_state_of_selection(numbers);
     if (fEditor->stsBar.Visible)
         upd_sts();
 }

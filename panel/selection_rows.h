@@ -12,8 +12,7 @@ namespace kehystin {
 
 /// To be called when the set of selected fields may have changed. One field goes through the
 /// selector; several show the rows that their kinds have in common, with the values on which they
-/// agree. Switches the commands: packing and spreading need fields that would not be piled up, the
-/// title commands titles alone.
+/// agree. Switches the commands.
 void set_pro();
 
 /// True when the selected fields agree in a row; also for less than two.

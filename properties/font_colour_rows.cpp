@@ -17,6 +17,8 @@ namespace kehystin {
 
 namespace {
 
+constexpr int largest_listed_size = 30; // points; files may hold somewhat more
+
 void change_flag(TextBox const& editor, Integer Field::*member, Flag DefaultField::*remembered) {
     auto const on = boolean_word(editor.Text.get());
     if (session.pro_updating || !on)
@@ -83,6 +85,16 @@ void offer_visible_titles() {
 }
 
 } // namespace
+
+void fill_font_lists() {
+    auto& form = *fEditor;
+    form.lst_fontName.Clear();
+    for (auto const& name : host().fonts())
+        form.lst_fontName.AddItem(name);
+    form.lst_fontSize.Clear();
+    for (int size = limits::smallest_font; size <= largest_listed_size; ++size)
+        form.lst_fontSize.AddItem(std::to_string(size));
+}
 
 void txt_fontName_Change() {
     if (session.pro_updating)

@@ -3,6 +3,9 @@
 
 namespace kehystin {
 
+/// Lists the machine's fonts and the sizes that can be chosen or typed: 4 to 30 points.
+void fill_font_lists();
+
 /// A font is taken as it is installed, however it was typed; a size must be on the list. Both link
 /// anew, for fields may take another height.
 void txt_fontName_Change();

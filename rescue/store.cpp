@@ -25,6 +25,9 @@ namespace {
 
 constexpr std::string_view lock_ending = ".lock";
 constexpr std::string_view unfinished_ending = ".tmp";
+constexpr std::string_view work_ending = ".work";
+constexpr std::string_view before_ending = ".before";
+constexpr std::string_view after_ending = ".after";
 constexpr int for_the_user_alone = 0600;
 
 [[noreturn]] void raise_system_error() {
@@ -186,6 +189,20 @@ void RunningSession::note_file(std::string const& file) const {
     auto const name = file.empty() ? file : one_name_of(file);
     if (::ftruncate(descriptor_, 0) == 0)
         static_cast<void>(::pwrite(descriptor_, name.data(), name.size(), 0) == 0);
+}
+
+std::string name_of_work(std::string_view session) {
+    return std::string(session) + std::string(work_ending);
+}
+
+std::string name_of_save(std::string_view session, int save, What side) {
+    return std::string(session) + "+" + std::to_string(save) +
+           std::string(side == What::before ? before_ending : after_ending);
+}
+
+std::string before_of(std::string_view name_of_after) {
+    return std::string(name_of_after.substr(0, name_of_after.rfind('.'))) +
+           std::string(before_ending);
 }
 
 std::string session_of(std::string_view name) {

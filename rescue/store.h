@@ -62,9 +62,15 @@ class RunningSession {
 /// Locks that killed sessions left go. A new one stays for a minute: it may not be locked yet.
 void remove_old_locks(Store const& store);
 
-/// "20040517-0930-1a2b.work" is of the session "20040517-0930-1a2b", and so is
-/// "20040517-0930-1a2b+1.after".
+/// The name of a session's file: its unsaved card, or what is kept of one of its saves, by number.
+/// Of the session "20040517-093012-1a2b3c4d" they are "20040517-093012-1a2b3c4d.work", and
+/// "20040517-093012-1a2b3c4d+1.before" and "+1.after".
+std::string name_of_work(std::string_view session);
+std::string name_of_save(std::string_view session, int save, What side);
+/// The session of such a name.
 std::string session_of(std::string_view name);
+/// The name of the save's other side.
+std::string before_of(std::string_view name_of_after);
 /// True while the process of that session runs.
 bool is_running(Store const& store, std::string const& session);
 /// True where another running session has that card file open.

@@ -21,19 +21,19 @@ void note_window_place() {
     settings.windowHeight = to_single(place.height);
 }
 
-/// The exit goes on whatever becomes of the saving; a card that was to be saved and was not is
-/// offered at the next start.
-void save_or_leave() {
+/// The exit goes on whatever becomes of the saving. True for a card that was to be saved and was
+/// not: it is offered at the next start.
+bool save_or_leave() {
     bool const wanted =
         session.cardModified &&
         MsgBox(" Tallennetaanko nykyinen korttimalli ennen lopettamista?     ",
                box::question + box::yes_no, " Korttimalli tallentamatta") == Answer::yes;
     if (wanted)
         cmdTallenna_Click();
-    if (wanted && session.cardModified)
+    bool const leaves = wanted && session.cardModified;
+    if (leaves)
         leave_work();
-    else
-        drop_work();
+    return leaves;
 }
 
 bool ends_without_settings() {
@@ -46,8 +46,9 @@ bool ends_without_settings() {
 
 void cmd_lopeta_Click() {
     int step = 1;
+    bool leaves = false;
     try {
-        save_or_leave();
+        leaves = save_or_leave();
         step = 2;
         note_window_place();
         step = 3;
@@ -58,6 +59,8 @@ void cmd_lopeta_Click() {
         if (step == 1 || !ends_without_settings())
             return;
     }
+    if (!leaves)
+        drop_work();
     host().End();
 }
 

@@ -16,6 +16,7 @@ Program::Program(platform::Host& host) : system_(host) {
     system_.on_failure = [](RuntimeError const& error) {
         standard_report(" Toiminnon suorittaminen aiheutti virheen     ", error);
     };
+    system_.before_box = keep_work_before_box;
 }
 
 Program::~Program() {

@@ -48,14 +48,20 @@ constexpr std::string_view question_before_opening =
 /// Asks about unsaved changes. False when the user wanted them saved and they were not: the command
 /// then ends with the card still open.
 bool settle_changes(std::string_view question, int flags) {
-    if (!session.cardModified)
-        return true;
-    if (MsgBox(question, flags, " Korttimalli tallentamatta") != Answer::yes) {
-        drop_work();
-        return true;
+    if (session.cardModified &&
+        MsgBox(question, flags, " Korttimalli tallentamatta") == Answer::yes) {
+        cmdTallenna_Click();
+        return !session.cardModified;
     }
-    cmdTallenna_Click();
-    return !session.cardModified;
+    drop_work();
+    return true;
+}
+
+/// The records are another card's from here on. What was kept of the one before was kept for an
+/// answer that has been given.
+void begin_card() {
+    clear_card_changed();
+    drop_work();
 }
 
 void show_file_in_title() {
@@ -78,6 +84,7 @@ void bring_up_card() {
 
 /// A new card has no identity and no file: saving it must not touch the card that was open before.
 void begin_new_document() {
+    begin_card();
     card.ID = "";
     session.needNewID = true;
     session.cardFile.clear();
@@ -148,6 +155,7 @@ void new_card(int& step) {
 /// What an opened card has in common with a kept one once it is read. False when it cannot be
 /// shown.
 bool take_card(int& step, bool new_id) {
+    begin_card();
     step = 5;
     if (!show_card())
         return false;

@@ -68,7 +68,8 @@ bool may_save_over(std::string const& path) {
         return true;
     auto const held = rescue::bytes_on_disk(path);
     if (!held)
-        return true;
+        return !rescue::is_there(path) || rescue::is_special(path) || // refused when it is opened
+               ask(path, " Tiedostoa ei voida lukea, joten ei tiedetä, mitä siinä on:     ");
     if (!holds_what_is_known(path, *held))
         return ask(path, path == known.path
                              ? " Toinen ohjelma on muuttanut tiedostoa sen avaamisen jälkeen:     "

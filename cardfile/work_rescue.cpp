@@ -32,27 +32,27 @@ struct Keeper {
     CardData kept;          ///< as the disk has it, or is about to
     std::string kept_file;  ///< whose it was then
     bool keeps_work = false;
-    bool leaves_work = false;
     /// Set by whoever writes the disk, read by the session.
     std::shared_ptr<std::atomic<bool>> failed = std::make_shared<std::atomic<bool>>(false);
     bool failure_told = false;
-    int saves = 0;
-    /// Saves that were not finished: the card's file, and the number of the save.
-    struct Unfinished {
+    bool tells_failure = false;
+    std::uint64_t steps = 0;
+    int numbers = 0;
+    /// What lies in the folder beside the unsaved card until a save is finished: the sides of saves
+    /// that were not, and rescues that were opened.
+    struct Beside {
+        std::string name;
+        What kind;
         std::string file;
-        int save;
+        std::string bytes; ///< of the after side
     };
-    std::vector<Unfinished> unfinished;
+    std::vector<Beside> beside;
 };
 
 std::unique_ptr<Keeper> keeper;
 
 std::string name_of_work() {
     return rescue::name_of_work(keeper->running->name());
-}
-
-std::string name_of_save(int save, What side) {
-    return rescue::name_of_save(keeper->running->name(), save, side);
 }
 
 /// Makes folder and lock when they are needed first. False where the machine has none to give.
@@ -73,11 +73,13 @@ bool begin_keeping() {
 void tell_failure() {
     if (!keeper || !*keeper->failed || std::exchange(keeper->failure_told, true))
         return;
+    keeper->tells_failure = true;
     MsgBox(lines({" Tallentamatonta korttia ei voida pitää tallessa kansiossa     ", "",
                   " " + keeper->store.folder() + "     ", "",
                   " Ohjelma toimii muuten tavalliseen tapaan, mutta keskeytyksen     ",
                   " jälkeen tallentamattomat muutokset on tehtävä uudelleen.     ", ""}),
            box::warning, " Tiedoksi");
+    keeper->tells_failure = false;
 }
 
 /// Runs what needs the folder; a failure is remembered.
@@ -93,11 +95,8 @@ void with_folder(Work const& work) {
 
 Rescue rescue_of_work() {
     auto copy = open_card;
-    return {What::work,
-            session.cardFile,
-            rescue::time_of(Now()),
-            becomes_another_card(),
-            known_sum(session.cardFile),
+    return {What::work,      session.cardFile,       rescue::time_of(Now()),
+            ++keeper->steps, becomes_another_card(), known_sum(session.cardFile),
             write_card(copy)};
 }
 
@@ -111,10 +110,50 @@ void write_work() {
             *failed = true;
         }
     };
-    keeper->kept = open_card;
-    keeper->kept_file = session.cardFile;
-    keeper->keeps_work = true;
     host().in_background(write);
+    keeper->keeps_work = true;
+    keeper->kept_file = session.cardFile;
+    keeper->kept = open_card;
+}
+
+/// What is kept stays for the next session, and the next card that is kept here does not replace
+/// it.
+void set_aside() {
+    if (!std::exchange(keeper->keeps_work, false))
+        return;
+    host().in_background([store = keeper->store, name = name_of_work(),
+                          other = rescue::name_beside(keeper->running->name(), ++keeper->numbers,
+                                                      What::work)] { store.rename(name, other); });
+}
+
+/// Puts a rescue beside the unsaved card, under the next name of this session. Raises what the disk
+/// raises.
+void put_beside(Rescue one) {
+    one.step = ++keeper->steps;
+    auto name = rescue::name_beside(keeper->running->name(), ++keeper->numbers, one.kind);
+    keeper->store.put(name, to_file(one));
+    auto const is_after = one.kind == What::after;
+    keeper->beside.push_back({std::move(name), one.kind, std::move(one.file),
+                              is_after ? std::move(one.bytes) : std::string()});
+}
+
+/// Whether a save that was not finished has left these bytes in the file: they are the beginning of
+/// what it was to write.
+bool is_left_by_a_save(std::string const& file, std::string_view held) {
+    return std::any_of(keeper->beside.begin(), keeper->beside.end(), [&](auto const& one) {
+        return one.kind == What::after && one.file == file && one.bytes.starts_with(held);
+    });
+}
+
+/// What was kept of saves into a file, or of the card that has been saved into it, is not needed
+/// any more. The newer goes last: while it is there, the older is not needed.
+void drop_beside(std::string const& file) {
+    std::erase_if(keeper->beside, [&](auto const& one) {
+        if (one.file != file)
+            return false;
+        keeper->store.remove(one.name);
+        return true;
+    });
 }
 
 /// What could not be written is tried again: the disk may have room by then.
@@ -134,7 +173,7 @@ struct Offer {
 };
 
 std::optional<Offer> choose_offer() {
-    rescue::remove_old_locks(keeper->store);
+    rescue::remove_remains(keeper->store);
     auto found = rescue::look_for_rescues(keeper->store);
     for (auto const& name : found.needless)
         keeper->store.remove(name);
@@ -143,7 +182,7 @@ std::optional<Offer> choose_offer() {
     if (found.rescues.empty())
         return Offer{{}, std::move(found.unknown)};
     auto const own = std::find_if(found.rescues.begin(), found.rescues.end(), [](auto const& one) {
-        return session.cardFormLoaded && !session.cardFile.empty() &&
+        return !session.cardFile.empty() &&
                rescue::one_name_of(one.rescue.file) == rescue::one_name_of(session.cardFile);
     });
     auto& chosen = own == found.rescues.end() ? found.rescues.front() : *own;
@@ -170,12 +209,74 @@ std::string what_was_found(Rescue const& rescue) {
     return {};
 }
 
-/// This session keeps what an earlier one has kept. Whoever goes on with what a save was to write
-/// needs no longer what the save was to replace.
-void take_over(std::string const& name, What kind) {
-    keeper->store.remove(name);
-    if (kind == What::after)
-        keeper->store.remove(rescue::before_of(name));
+/// What this session knows of the file whose card it has taken over: what it finds there is its own
+/// work only where the session before has left it so.
+void know_file_of(Rescue const& one, std::vector<rescue::Found> const& sides) {
+    if (one.kind == What::work) {
+        if (one.file_sum != 0)
+            know_sum(one.file, one.file_sum);
+        return;
+    }
+    auto const held = rescue::bytes_on_disk(one.file);
+    bool const is_own = held && std::any_of(sides.begin(), sides.end(), [&](auto const& side) {
+                            return side.rescue.kind == What::after
+                                       ? side.rescue.bytes.starts_with(*held)
+                                       : side.rescue.bytes == *held;
+                        });
+    know_sum(one.file, rescue::checksum(is_own ? *held : one.bytes));
+}
+
+/// This session keeps what an earlier one has kept: the card that was opened as its own work, and
+/// what else there is of it until the card is saved.
+void take_over(std::vector<rescue::Found> const& found, rescue::Found const& opened) {
+    auto copy = open_card;
+    bool const is_whole =
+        opened.rescue.kind == What::work && write_card(copy) == opened.rescue.bytes;
+    bool kept = false;
+    with_folder([&] {
+        for (auto const& one : found)
+            if (!is_whole || one.name != opened.name)
+                put_beside(one.rescue);
+        kept = true;
+    });
+    keep_work_now(); // the disk has it from this session before it goes
+    if (!kept || !keeper->keeps_work || *keeper->failed)
+        return;
+    for (auto const& one : found)
+        keeper->store.remove(one.name);
+    if (!is_whole && opened.rescue.kind == What::work)
+        MsgBox(lines({" Kaikkea pelastetusta kortista ei voitu ottaa mukaan.     ", "",
+                      " Se säilyy kansiossa " + keeper->store.folder() + "     ",
+                      " kunnes kortti tallennetaan.     ", ""}),
+               box::information, " Pelastettu kortti");
+}
+
+/// What the session of a rescue has left of that card: the rescue itself, and the sides of saves
+/// into its file.
+std::vector<rescue::Found> all_of(rescue::Found const& chosen) {
+    auto found = rescue::look_for_rescues(keeper->store).rescues;
+    std::erase_if(found, [&](rescue::Found const& one) {
+        return one.name != chosen.name &&
+               (rescue::session_of(one.name) != rescue::session_of(chosen.name) ||
+                one.rescue.file != chosen.rescue.file || one.rescue.kind == What::work);
+    });
+    std::reverse(found.begin(), found.end()); // the oldest first
+    return found;
+}
+
+void open_offered(rescue::Found const& chosen) {
+    auto const& [name, one] = chosen;
+    auto const found = all_of(chosen);
+    if (std::none_of(found.begin(), found.end(),
+                     [&](rescue::Found const& other) { return other.name == name; })) {
+        MsgBox(lines({" Toinen Kehystin on jo avannut pelastetun kortin.     ", ""}),
+               box::information, " Pelastettu kortti");
+        return;
+    }
+    if (!open_kept_card(keeper->store.folder() + name, one.file, one.new_id))
+        return;
+    know_file_of(one, found);
+    take_over(found, chosen);
 }
 
 void offer_one(Offer const& offer) {
@@ -193,15 +294,7 @@ void offer_one(Offer const& offer) {
                                  " Se on tallessa kansiossa " + folder + "     ", "", ""}) +
                           unknown_lines(offer) + lines({" Avataanko pelastettu kortti?     "});
     if (MsgBox(question, box::question + box::yes_no, " Pelastettu kortti") == Answer::yes) {
-        if (open_kept_card(folder + name, one.file, one.new_id)) {
-            if (one.kind == What::work)
-                know_sum(one.file, one.file_sum);
-            else
-                know_what_is_left(one.file); // by the save that did not come to its end
-            keep_work_now();                 // the disk has it from this session before it goes
-            if (keeper->keeps_work && !*keeper->failed)
-                take_over(name, one.kind);
-        }
+        open_offered(offer.found);
         return;
     }
     if (MsgBox(lines({" Poistetaanko pelastettu kortti pysyvästi?     ", "",
@@ -209,6 +302,8 @@ void offer_one(Offer const& offer) {
                box::question + box::yes_no + box::second_default,
                " Pelastettu kortti") == Answer::yes)
         keeper->store.remove(name);
+    else
+        keeper->store.rename(name, rescue::name_of_declined(name));
 }
 
 } // namespace
@@ -228,17 +323,26 @@ void end_rescue() {
 }
 
 void keep_work() {
-    if (!keeper || hands_are_on_the_card())
+    if (keeper && !hands_are_on_the_card())
+        keep_work_before_box();
+}
+
+void keep_work_before_box() {
+    if (!keeper || keeper->tells_failure)
         return;
-    if (!session.cardFormLoaded || !is_unsaved())
+    if (is_unsaved()) {
+        if (!is_kept())
+            with_folder(write_work);
+    } else if (session.cardFormLoaded) {
         drop_work();
-    else if (!is_kept())
-        with_folder(write_work);
+    } else {
+        set_aside(); // nobody gave it up: it could not be shown any more
+    }
     tell_failure();
 }
 
 void keep_work_now() {
-    if (keeper && session.cardFormLoaded && is_unsaved() && !is_kept())
+    if (keeper && is_unsaved() && !is_kept())
         with_folder(write_work);
     host().finish_background();
 }
@@ -252,15 +356,16 @@ void note_open_file() {
 }
 
 void drop_work() {
-    if (!keeper || !std::exchange(keeper->keeps_work, false) || keeper->leaves_work)
-        return;
-    host().in_background([store = keeper->store, name = name_of_work()] { store.remove(name); });
+    if (keeper && std::exchange(keeper->keeps_work, false))
+        host().in_background(
+            [store = keeper->store, name = name_of_work()] { store.remove(name); });
 }
 
 void leave_work() {
     keep_work_now();
-    if (keeper)
-        keeper->leaves_work = true;
+    if (keeper && *keeper->failed)
+        keep_work_now(); // the disk may have room again
+    tell_failure();
 }
 
 void offer_rescue() {
@@ -272,21 +377,15 @@ void offer_rescue() {
 
 SaveRescue::SaveRescue(std::string const& file, std::string_view bytes)
     : file_(file), bytes_(bytes) {
+    // One failing leaves the other.
     with_folder([&] {
-        int const save = ++keeper->saves;
-        auto const time = rescue::time_of(Now());
-        bool const again =
-            std::any_of(keeper->unfinished.begin(), keeper->unfinished.end(),
-                        [&](Keeper::Unfinished const& one) { return one.file == file_; });
-        keeper->unfinished.push_back({file_, save});
-        // What a save that failed has left of the file is in nobody's interest.
-        auto const held = again ? std::nullopt : rescue::bytes_on_disk(file_);
-        if (held)
-            keeper->store.put(name_of_save(save, What::before),
-                              to_file(Rescue{What::before, file_, time, false, 0, *held}));
-        keeper->store.put(name_of_save(save, What::after),
-                          to_file(Rescue{What::after, file_, time, bool(session.needNewID), 0,
-                                         std::string(bytes)}));
+        auto const held = rescue::bytes_on_disk(file_);
+        if (held && !is_left_by_a_save(file_, *held)) // what is left is in nobody's interest
+            put_beside({What::before, file_, rescue::time_of(Now()), 0, false, 0, *held});
+    });
+    with_folder([&] {
+        put_beside({What::after, file_, rescue::time_of(Now()), 0, bool(session.needNewID), 0,
+                    std::string(bytes_)});
     });
     tell_failure();
 }
@@ -305,14 +404,7 @@ bool SaveRescue::finish() {
         return true;
     keeper->store.remove(name_of_work());
     keeper->keeps_work = false;
-    std::erase_if(keeper->unfinished, [&](Keeper::Unfinished const& one) {
-        if (one.file != file_)
-            return false;
-        // The newer side first: while it is there, the older ones are not needed.
-        keeper->store.remove(name_of_save(one.save, What::before));
-        keeper->store.remove(name_of_save(one.save, What::after));
-        return true;
-    });
+    drop_beside(file_);
     return true;
 }
 

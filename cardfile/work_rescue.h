@@ -13,15 +13,19 @@ void begin_rescue();
 void end_rescue();
 
 /// Keeps the card if it has changed since the last time and the user's hands are off it, and drops
-/// what was kept when there is nothing unsaved any more. The disk is written in the background.
+/// what was kept when there is nothing unsaved any more. A card that has gone without being given
+/// up stays kept for the next session. The disk is written in the background.
 void keep_work();
+/// The same when a box is about to wait for the user: it may wait for hours.
+void keep_work_before_box();
 /// The same at once, whatever is under way; the disk has it on return. For a process that must end.
 void keep_work_now();
 /// Other sessions are told which file is open here, as far as the folder can be written.
 void note_open_file();
 /// The user does not want the changes.
 void drop_work();
-/// What is kept stays behind when the session ends, for the next one to offer.
+/// The session ends with the card unsaved, for the next one to offer. Tells where it could not be
+/// kept.
 void leave_work();
 
 /// Offers the newest rescue that earlier sessions left, rather one of the open card's file.

@@ -51,6 +51,7 @@ Qt::CursorShape shapeOf(int pointer) {
 class QtHost::BoxOpen {
   public:
     explicit BoxOpen(QtHost& host) : host_(host), waiting_(host.gate_), hold_(host.timers_) {
+        platform::System::current().about_to_ask();
         if (host.showsHourglass_)
             QApplication::setOverrideCursor(Qt::ArrowCursor);
         coversHourglass_ = host.showsHourglass_;

@@ -1,5 +1,7 @@
 #include "model/card.h"
 
+#include "model/session.h"
+
 namespace kehystin {
 
 CardData open_card;
@@ -8,7 +10,7 @@ Card& card = open_card.card;
 std::vector<Field>& fields = open_card.fields;
 
 bool is_unsaved() {
-    return !is_same_card(open_card, kept_card);
+    return session.cardModified || !is_same_card(open_card, kept_card);
 }
 
 void empty_card(std::string_view name) {

@@ -16,7 +16,7 @@ extern CardData open_card;
 
 /// The open card as it was last read or saved.
 extern CardData kept_card;
-/// True while the open card differs from that.
+/// True while the open card differs from that, or counts as changed all the same.
 bool is_unsaved();
 
 /// Its records, as most of the program calls them.

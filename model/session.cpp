@@ -55,6 +55,7 @@ std::span<SessionMember const> session_members() {
 void reset_session() {
     card = {};
     fields.assign(1, {});
+    kept_card = open_card;
     session = {};
     settings = {};
     default_looks = {};

@@ -1,5 +1,7 @@
 #include "platform/background.h"
 
+#include <system_error>
+
 namespace platform {
 
 Background::~Background() {
@@ -13,13 +15,25 @@ Background::~Background() {
 }
 
 void Background::run(std::function<void()> work) {
+    if (!starts()) {
+        work();
+        return;
+    }
     {
         std::lock_guard const lock(mutex_);
         works_.push_back(std::move(work));
-        if (!thread_.joinable())
-            thread_ = std::thread([this] { work_off(); });
     }
     changed_.notify_all();
+}
+
+bool Background::starts() {
+    try {
+        if (!thread_.joinable())
+            thread_ = std::thread([this] { work_off(); });
+        return true;
+    } catch (std::system_error const&) {
+        return false;
+    }
 }
 
 void Background::finish() {

@@ -23,6 +23,8 @@ class Background {
     void finish();
 
   private:
+    /// False where the machine has no thread to give: the work is then done at once.
+    bool starts();
     void work_off();
 
     std::mutex mutex_;

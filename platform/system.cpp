@@ -75,6 +75,15 @@ void System::forget(Control const& control) {
         mouse_ = {};
 }
 
+void System::about_to_ask() {
+    try {
+        if (before_box)
+            before_box();
+    } catch (std::exception const&) {
+        // The box may be about the same failure.
+    }
+}
+
 void System::run_at_edge(void (*call)(void const*), void const* handler) {
     auto& system = current();
     try {

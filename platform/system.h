@@ -47,6 +47,11 @@ class System {
     /// Shows the box for a run-time error that no command caught itself.
     std::function<void(RuntimeError const&)> on_failure;
 
+    /// Called by the host when a box is about to wait for the user. What fails in it keeps no box
+    /// from coming.
+    void about_to_ask();
+    std::function<void()> before_box;
+
     /// The mouse between a press and its release: the object that took the press gets everything
     /// up to the release. The form itself stands for the press on its bare surface.
     struct Mouse {

@@ -27,13 +27,17 @@ class Opened {
     int number_;
 };
 
-bool flush(std::string const& path, int flags) {
-    Opened const opened(path, flags);
-    // A folder of some file systems cannot be flushed, and need not be.
-    return opened.number() >= 0 && (::fsync(opened.number()) == 0 || errno == EINVAL);
+/// Some file systems flush no folders, and some folders may only be written.
+bool cannot_be_flushed(int error) {
+    return error == EINVAL || error == ENOTSUP || error == EBADF || error == EACCES;
 }
 
 } // namespace
+
+bool is_there(std::string const& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0;
+}
 
 std::optional<std::string> bytes_on_disk(std::string const& path) {
     Opened const file(path, O_RDONLY | O_NONBLOCK); // a pipe would wait for its other end
@@ -59,9 +63,20 @@ bool is_special(std::string const& path) {
     return ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
 }
 
+bool flush_folder(std::string const& path) {
+    Opened const folder(path, O_RDONLY | O_DIRECTORY);
+    return (folder.number() >= 0 && ::fsync(folder.number()) == 0) || cannot_be_flushed(errno);
+}
+
 bool flush_to_disk(std::string const& path) {
-    auto folder = std::filesystem::path(path).parent_path().string();
-    return flush(path, O_RDONLY) && flush(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
+    Opened const file(path, O_RDONLY);
+    if (file.number() < 0)
+        return errno == EACCES; // may be written but not read: the system flushes it in its time
+    if (::fsync(file.number()) != 0 && errno != EINVAL)
+        return false;
+    // The folder that holds the file itself, whatever link leads there.
+    auto const folder = std::filesystem::path(one_name_of(path)).parent_path().string();
+    return flush_folder(folder.empty() ? "." : folder);
 }
 
 std::vector<std::string> names_in(std::string const& folder) {

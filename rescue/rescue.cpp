@@ -95,8 +95,9 @@ std::uint64_t checksum(std::string_view bytes) {
 std::string to_file(Rescue const& rescue) {
     std::string const head =
         "kind " + std::string(kind_names[static_cast<int>(rescue.kind)]) + "\r\nfile " +
-        escaped(rescue.file) + "\r\ntime " + std::to_string(rescue.time) + "\r\nnew-id " +
-        (rescue.new_id ? "1" : "0") + "\r\nfile-sum " + hexadecimal(rescue.file_sum) + "\r\nsize " +
+        escaped(rescue.file) + "\r\ntime " + std::to_string(rescue.time) + "\r\nstep " +
+        std::to_string(rescue.step) + "\r\nnew-id " + (rescue.new_id ? "1" : "0") +
+        "\r\nfile-sum " + hexadecimal(rescue.file_sum) + "\r\nsize " +
         std::to_string(rescue.bytes.size()) + "\r\n";
     auto const sum = checksum(head + rescue.bytes);
     return std::string(first_line) + "sum " + hexadecimal(sum) + "\r\n" + head + rescue.bytes;
@@ -113,12 +114,15 @@ std::optional<Rescue> from_file(std::string_view bytes) {
     auto const file = head.value("file");
     auto const path = file ? unescaped(*file) : std::nullopt;
     auto const time = head.number<std::int64_t>("time");
+    auto const step = head.number<std::uint64_t>("step");
     auto const new_id = head.number<int>("new-id");
     auto const file_sum = head.number<std::uint64_t>("file-sum", 16);
     auto const size = head.number<std::size_t>("size");
-    if (!kind || !path || !time || !new_id || !file_sum || !size || head.rest().size() != *size)
+    if (!kind || !path || !time || !step || !new_id || !file_sum || !size ||
+        head.rest().size() != *size)
         return std::nullopt;
-    Rescue rescue{What::work, *path, *time, *new_id != 0, *file_sum, std::string(head.rest())};
+    Rescue rescue{
+        What::work, *path, *time, *step, *new_id != 0, *file_sum, std::string(head.rest())};
     for (auto const one : {What::work, What::before, What::after})
         if (kind_names[static_cast<int>(one)] == *kind) {
             rescue.kind = one;

@@ -19,8 +19,10 @@ enum class What {
 struct Rescue {
     What kind = What::work;
     std::string file;      ///< full path of the card's own file; empty for one never saved
-    std::int64_t time = 0; ///< milliseconds, by the clock of dates
-    bool new_id = false;   ///< the next save gives the card a new identity
+    std::int64_t time = 0; ///< milliseconds, by the clock of dates, for people
+    /// The how manieth of its session: clocks are set back.
+    std::uint64_t step = 0;
+    bool new_id = false; ///< the next save gives the card a new identity
     /// Checksum of what the file held when the session had it in hand last, 0 for nothing.
     std::uint64_t file_sum = 0;
     std::string bytes; ///< as in a card file; of `before` whatever the file held

@@ -6,15 +6,19 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
 #include <filesystem>
+#include <limits>
+#include <map>
 #include <random>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <tuple>
 #include <unistd.h>
 
 namespace rescue {
@@ -25,9 +29,7 @@ namespace {
 
 constexpr std::string_view lock_ending = ".lock";
 constexpr std::string_view unfinished_ending = ".tmp";
-constexpr std::string_view work_ending = ".work";
-constexpr std::string_view before_ending = ".before";
-constexpr std::string_view after_ending = ".after";
+constexpr std::string_view declined_ending = ".later";
 constexpr int for_the_user_alone = 0600;
 
 [[noreturn]] void raise_system_error() {
@@ -48,9 +50,61 @@ void require(bool done) {
         raise_system_error();
 }
 
+std::string_view ending_of(What kind) {
+    switch (kind) {
+    case What::before:
+        return ".before";
+    case What::after:
+        return ".after";
+    case What::work:
+        break;
+    }
+    return ".work";
+}
+
+int times_declined(std::string_view name) {
+    auto const at = name.rfind(declined_ending);
+    int times = 0;
+    if (at != std::string_view::npos)
+        std::from_chars(name.data() + at + declined_ending.size(), name.data() + name.size(),
+                        times);
+    return times;
+}
+
+bool is_like(char c, char pattern) {
+    bool const digit = c >= '0' && c <= '9';
+    switch (pattern) {
+    case 'd':
+        return digit;
+    case 'x':
+        return digit || (c >= 'a' && c <= 'f');
+    default:
+        return c == pattern;
+    }
+}
+
+/// Whether a session has given the name: date, time and a random number come first in it.
+bool is_of_a_session(std::string_view name) {
+    constexpr std::string_view pattern = "dddddddd-dddddd-xxxxxxxx";
+    auto const start = name.substr(0, name.find_first_of(".+"));
+    return std::equal(start.begin(), start.end(), pattern.begin(), pattern.end(), is_like);
+}
+
+/// What sessions have for themselves, and no user asks for.
+bool is_remains(std::string_view name) {
+    return is_of_a_session(name) &&
+           (name.ends_with(lock_ending) || name.ends_with(unfinished_ending));
+}
+
 void make_folder(std::string const& folder) {
+    std::vector<fs::path> made;
+    for (fs::path one = fs::path(folder).parent_path(); !one.empty() && !is_there(one.string());
+         one = one.parent_path())
+        made.push_back(one);
     std::error_code failed;
     fs::create_directories(folder, failed);
+    for (auto const& one : made) // a folder of which the disk does not know holds nothing
+        flush_folder(one.parent_path().string());
     struct stat status {};
     if (::stat(folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
         throw base::RuntimeError(base::ErrorNumber::path_file_access);
@@ -141,6 +195,11 @@ void Store::remove(std::string const& name) const {
         ::unlink((folder_ + name).c_str());
 }
 
+void Store::rename(std::string const& name, std::string const& other) const {
+    if (keeps() && ::rename((folder_ + name).c_str(), (folder_ + other).c_str()) == 0)
+        flush_folder(folder_);
+}
+
 std::optional<std::string> Store::bytes_of(std::string const& name) const {
     return bytes_on_disk(folder_ + name);
 }
@@ -149,9 +208,7 @@ std::vector<std::string> Store::names() const {
     if (!keeps())
         return {};
     auto names = names_in(folder_);
-    std::erase_if(names, [](std::string const& name) {
-        return name.ends_with(lock_ending) || name.ends_with(unfinished_ending);
-    });
+    std::erase_if(names, is_remains);
     std::sort(names.begin(), names.end());
     return names;
 }
@@ -192,17 +249,16 @@ void RunningSession::note_file(std::string const& file) const {
 }
 
 std::string name_of_work(std::string_view session) {
-    return std::string(session) + std::string(work_ending);
+    return std::string(session) + std::string(ending_of(What::work));
 }
 
-std::string name_of_save(std::string_view session, int save, What side) {
-    return std::string(session) + "+" + std::to_string(save) +
-           std::string(side == What::before ? before_ending : after_ending);
+std::string name_beside(std::string_view session, int number, What kind) {
+    return std::string(session) + "+" + std::to_string(number) + std::string(ending_of(kind));
 }
 
-std::string before_of(std::string_view name_of_after) {
-    return std::string(name_of_after.substr(0, name_of_after.rfind('.'))) +
-           std::string(before_ending);
+std::string name_of_declined(std::string_view name) {
+    return std::string(name.substr(0, name.rfind(declined_ending))) + std::string(declined_ending) +
+           std::to_string(times_declined(name) + 1);
 }
 
 std::string session_of(std::string_view name) {
@@ -213,8 +269,8 @@ bool is_running(Store const& store, std::string const& session) {
     auto const path = store.folder() + session + std::string(lock_ending);
     int const descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0)
-        return false;
-    bool const held = ::flock(descriptor, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+        return errno != ENOENT;
+    bool const held = ::flock(descriptor, LOCK_SH | LOCK_NB) != 0;
     ::close(descriptor);
     return held;
 }
@@ -232,7 +288,8 @@ bool is_open_elsewhere(Store const& store, std::string const& own_session,
 
 namespace {
 
-/// Nothing is lost without it: the card's file holds the same, or a save of the same session does.
+/// Nothing is lost without it: the card's file holds the same, or a later save of the same session
+/// does.
 bool is_needless(Found const& found, std::vector<Found> const& all) {
     auto const& rescue = found.rescue;
     auto const held = bytes_on_disk(rescue.file);
@@ -240,23 +297,39 @@ bool is_needless(Found const& found, std::vector<Found> const& all) {
         return true;
     return std::any_of(all.begin(), all.end(), [&](Found const& other) {
         auto const& save = other.rescue;
-        if (save.kind != What::after || save.file != rescue.file ||
+        if (save.kind != What::after || save.file != rescue.file || save.step < rescue.step ||
             session_of(other.name) != session_of(found.name))
             return false;
         // A save that came to its end after all needs no copy of the file before it; what was
         // changed up to a save is in it.
-        return rescue.kind == What::before ? held == save.bytes
-                                           : rescue.kind == What::work && rescue.time <= save.time;
+        return rescue.kind == What::before ? held == save.bytes : rescue.kind == What::work;
     });
+}
+
+/// In the order in which they are to be offered.
+void sort(std::vector<Found>& rescues) {
+    std::map<std::string, std::int64_t> last; // of each session
+    for (auto const& [name, rescue] : rescues) {
+        auto& time = last[session_of(name)];
+        time = std::max(time, rescue.time);
+    }
+    auto const order = [&](Found const& found) {
+        auto session = session_of(found.name);
+        auto const time = last[session];
+        auto const older = std::numeric_limits<std::uint64_t>::max() - found.rescue.step;
+        return std::tuple(times_declined(found.name), -time, std::move(session), older);
+    };
+    std::stable_sort(rescues.begin(), rescues.end(),
+                     [&](Found const& a, Found const& b) { return order(a) < order(b); });
 }
 
 } // namespace
 
-void remove_old_locks(Store const& store) {
+void remove_remains(Store const& store) {
     constexpr std::time_t settled = 60; // seconds
     for (auto const& name : names_in(store.folder())) {
         struct stat status {};
-        if (name.ends_with(lock_ending) && ::stat((store.folder() + name).c_str(), &status) == 0 &&
+        if (is_remains(name) && ::stat((store.folder() + name).c_str(), &status) == 0 &&
             std::time(nullptr) - status.st_mtime > settled && !is_running(store, session_of(name)))
             store.remove(name);
     }
@@ -282,8 +355,7 @@ Findings look_for_rescues(Store const& store) {
         else
             left.rescues.push_back(found);
     }
-    std::stable_sort(left.rescues.begin(), left.rescues.end(),
-                     [](Found const& a, Found const& b) { return a.rescue.time > b.rescue.time; });
+    sort(left.rescues);
     return left;
 }
 

@@ -27,9 +27,11 @@ class Store {
     void put(std::string const& name, std::string_view bytes) const;
     /// Nothing is said where there is none.
     void remove(std::string const& name) const;
+    /// The file has the other name from here on. Nothing is said where it has not.
+    void rename(std::string const& name, std::string const& other) const;
     /// Nothing for a file that cannot be read.
     std::optional<std::string> bytes_of(std::string const& name) const;
-    /// Of all files but locks and those that are being written.
+    /// Of all files but sessions' locks and what they are writing.
     std::vector<std::string> names() const;
 
     void before_operation() const;
@@ -59,19 +61,21 @@ class RunningSession {
     int descriptor_ = -1;
 };
 
-/// Locks that killed sessions left go. A new one stays for a minute: it may not be locked yet.
-void remove_old_locks(Store const& store);
+/// Locks and unfinished files that killed sessions left go. New ones stay for a minute: a lock may
+/// not be locked yet.
+void remove_remains(Store const& store);
 
-/// The name of a session's file: its unsaved card, or what is kept of one of its saves, by number.
-/// Of the session "20040517-093012-1a2b3c4d" they are "20040517-093012-1a2b3c4d.work", and
-/// "20040517-093012-1a2b3c4d+1.before" and "+1.after".
+/// The name of a session's file: its unsaved card. Of the session "20040517-093012-1a2b3c4d" it is
+/// "20040517-093012-1a2b3c4d.work".
 std::string name_of_work(std::string_view session);
-std::string name_of_save(std::string_view session, int save, What side);
+/// Of what lies beside that, by a number of its own: "20040517-093012-1a2b3c4d+1.before".
+std::string name_beside(std::string_view session, int number, What kind);
+/// Of what the user did not want yet: it is offered after everything else.
+std::string name_of_declined(std::string_view name);
 /// The session of such a name.
 std::string session_of(std::string_view name);
-/// The name of the save's other side.
-std::string before_of(std::string_view name_of_after);
-/// True while the process of that session runs.
+
+/// True while the process of that session runs, and where that cannot be told.
 bool is_running(Store const& store, std::string const& session);
 /// True where another running session has that card file open.
 bool is_open_elsewhere(Store const& store, std::string const& own_session, std::string const& file);
@@ -82,7 +86,9 @@ struct Found {
     Rescue rescue;
 };
 struct Findings {
-    std::vector<Found> rescues;       ///< of sessions that no longer run, the newest first
+    /// Of sessions that no longer run: those of the session that kept something last come first, of
+    /// each its newest. What was declined comes after all others, the oftener the later.
+    std::vector<Found> rescues;
     std::vector<std::string> unknown; ///< names of files that are no rescues, or damaged ones
     /// Names of rescues without which nothing is lost: the card's file holds the same, or another
     /// rescue does.

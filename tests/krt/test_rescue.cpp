@@ -9,7 +9,7 @@ TEST_F(Krt, RescueListsAndFetchesWhatWasKept) {
     EXPECT_EQ(run("rescue"), 0);
     EXPECT_EQ(out, "");
     store.put("s.work", to_file(rescue::Rescue{rescue::What::work, "/koti/vanha.krt",
-                                               rescue::time_of(38124.5), false, 0, kept}));
+                                               rescue::time_of(38124.5), 1, false, 0, kept}));
     store.put("rikki.work", "Kehystin-pelastus 1\r\n");
     EXPECT_EQ(run("rescue"), 1);
     EXPECT_EQ(out, "s.work: 17.5.2004 klo 12.00, tallentamaton kortti, /koti/vanha.krt\n");

@@ -2,6 +2,7 @@
 
 #include "platform/base.h"
 #include "platform/form.h"
+#include "platform/system.h"
 #include "tests/scenario/pictures.h"
 
 #include <algorithm>
@@ -107,6 +108,7 @@ Kind ScriptedHost::take_answer(std::string const& box) {
 }
 
 Answer ScriptedHost::MsgBox(std::string_view text, int flags, std::string_view title) {
+    platform::System::current().about_to_ask();
     if (on_box)
         on_box();
     boxes.push_back({std::string(title), std::string(text), flags, std::nullopt});
@@ -120,6 +122,7 @@ Answer ScriptedHost::MsgBox(std::string_view text, int flags, std::string_view t
 
 std::string ScriptedHost::InputBox(std::string_view prompt, std::string_view title,
                                    std::string_view default_text) {
+    platform::System::current().about_to_ask();
     boxes.push_back(
         {std::string(title), std::string(prompt), std::nullopt, std::string(default_text)});
     auto const box = "input box " + in_quotes(title) + ": " + in_quotes(prompt);
@@ -127,6 +130,7 @@ std::string ScriptedHost::InputBox(std::string_view prompt, std::string_view tit
 }
 
 std::string ScriptedHost::file_dialog_answer(platform::CommonDialog const& dialog) {
+    platform::System::current().about_to_ask();
     file_dialog = dialog;
     auto const answer = take_answer<FileAnswer>("file dialog " + in_quotes(dialog.Filter));
     if (!answer.path)
@@ -143,6 +147,7 @@ std::string ScriptedHost::ShowSave(platform::CommonDialog const& dialog) {
 }
 
 platform::Colour ScriptedHost::ShowColor(platform::Colour, int) {
+    platform::System::current().about_to_ask();
     auto const answer = take_answer<ColourAnswer>("colour dialog");
     if (!answer.colour)
         throw RuntimeError(ErrorNumber::cancelled);

@@ -7,8 +7,10 @@ namespace rescue {
 
 namespace {
 
+/// The steps of a session go as its times here.
 Rescue some(What kind, std::string file, std::int64_t time, std::string bytes) {
-    return {kind, std::move(file), time, true, 7, std::move(bytes)};
+    return {kind, std::move(file), time, static_cast<std::uint64_t>(time), true,
+            7,    std::move(bytes)};
 }
 
 } // namespace
@@ -40,6 +42,7 @@ TEST_F(RescueFolder, ARescueComesBackWholeOrNotAtAll) {
     EXPECT_EQ(back->kind, one.kind);
     EXPECT_EQ(back->file, one.file);
     EXPECT_EQ(back->time, one.time);
+    EXPECT_EQ(back->step, one.step);
     EXPECT_TRUE(back->new_id);
     EXPECT_EQ(back->file_sum, 7U);
     EXPECT_EQ(back->bytes, one.bytes);
@@ -112,6 +115,55 @@ TEST_F(RescueFolder, WhatIsElsewhereTooIsNotOffered) {
     leave("s+1.after", some(What::after, file, 11, "uusi"));
     leave("s.work", some(What::work, file, 12, "vielä uudempi"));
     EXPECT_EQ(offered(), (Names{"s.work", "s+1.after"}));
+    // Whatever the clock says.
+    auto later = some(What::work, file, 1, "vielä uudempi");
+    later.step = 12;
+    leave("s.work", later);
+    EXPECT_EQ(offered(), (Names{"s.work", "s+1.after"}));
+}
+
+TEST_F(RescueFolder, WhatWasDeclinedComesAfterAllOthers) {
+    leave("a.work", some(What::work, "/a.krt", 30, "a"));
+    leave("b.work", some(What::work, "/b.krt", 20, "b"));
+    leave("c.work", some(What::work, "/c.krt", 10, "c"));
+    auto const decline = [&] {
+        auto const first = offered().front();
+        store.rename(first, name_of_declined(first));
+    };
+    decline();
+    EXPECT_EQ(offered(), (Names{"b.work", "c.work", "a.work.later1"}));
+    decline();
+    decline();
+    EXPECT_EQ(offered(), (Names{"a.work.later1", "b.work.later1", "c.work.later1"}));
+    decline();
+    EXPECT_EQ(offered().back(), "a.work.later2");
+}
+
+TEST_F(RescueFolder, OnlyWhatDeadSessionsLeftOfThemselvesGoes) {
+    std::string dead;
+    {
+        RunningSession const session(store);
+        dead = session.name();
+    }
+    RunningSession const alive(store);
+    std::vector<std::string> const gone{dead + ".lock", dead + ".work.tmp"};
+    std::vector<std::string> const stay{alive.name() + ".work.tmp", "muistio.lock", "muistio.tmp",
+                                        dead + ".txt"};
+    auto const path = [&](std::string const& name) { return folder / "state/" + name; };
+    auto const hour_ago = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+    for (auto const& names : {gone, stay})
+        for (auto const& name : names) {
+            kehystin::put_bytes(path(name), "x");
+            std::filesystem::last_write_time(path(name), hour_ago);
+        }
+    remove_remains(store);
+    for (auto const& name : gone)
+        EXPECT_FALSE(std::filesystem::exists(path(name))) << name;
+    for (auto const& name : stay)
+        EXPECT_TRUE(std::filesystem::exists(path(name))) << name;
+    EXPECT_TRUE(std::filesystem::exists(path(alive.name() + ".lock")));
+    EXPECT_EQ(look_for_rescues(store).unknown,
+              (Names{dead + ".txt", "muistio.lock", "muistio.tmp"}));
 }
 
 } // namespace rescue

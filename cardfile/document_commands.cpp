@@ -57,11 +57,9 @@ bool settle_changes(std::string_view question, int flags) {
     return true;
 }
 
-/// The records are another card's from here on. What was kept of the one before was kept for an
-/// answer that has been given.
 void begin_card() {
     clear_card_changed();
-    drop_work();
+    begin_other_card();
 }
 
 void show_file_in_title() {

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <iterator>
 #include <memory>
 #include <optional>
 
@@ -44,7 +45,8 @@ struct Keeper {
         std::string name;
         What kind;
         std::string file;
-        std::string bytes; ///< of the after side
+        std::string bytes;         ///< of the after side
+        bool of_open_card = false; ///< the next save of the open card makes it needless
     };
     std::vector<Beside> beside;
 };
@@ -95,6 +97,7 @@ void with_folder(Work const& work) {
 
 Rescue rescue_of_work() {
     auto copy = open_card;
+    auto const taken = write_card(copy);
     return {What::work,      session.cardFile,       rescue::time_of(Now()),
             ++keeper->steps, becomes_another_card(), known_sum(session.cardFile),
             write_card(copy)};
@@ -128,13 +131,13 @@ void set_aside() {
 
 /// Puts a rescue beside the unsaved card, under the next name of this session. Raises what the disk
 /// raises.
-void put_beside(Rescue one) {
+void put_beside(Rescue one, bool of_open_card = false) {
     one.step = ++keeper->steps;
     auto name = rescue::name_beside(keeper->running->name(), ++keeper->numbers, one.kind);
     keeper->store.put(name, to_file(one));
     auto const is_after = one.kind == What::after;
     keeper->beside.push_back({std::move(name), one.kind, std::move(one.file),
-                              is_after ? std::move(one.bytes) : std::string()});
+                              is_after ? std::move(one.bytes) : std::string(), of_open_card});
 }
 
 /// Whether a save that was not finished has left these bytes in the file: they are the beginning of
@@ -149,7 +152,7 @@ bool is_left_by_a_save(std::string const& file, std::string_view held) {
 /// any more. The newer goes last: while it is there, the older is not needed.
 void drop_beside(std::string const& file) {
     std::erase_if(keeper->beside, [&](auto const& one) {
-        if (one.file != file)
+        if (one.file != file && !one.of_open_card)
             return false;
         keeper->store.remove(one.name);
         return true;
@@ -226,17 +229,44 @@ void know_file_of(Rescue const& one, std::vector<rescue::Found> const& sides) {
     know_sum(one.file, rescue::checksum(is_own ? *held : one.bytes));
 }
 
+std::vector<std::string_view> lines_of(std::string_view bytes) {
+    std::vector<std::string_view> all;
+    while (!bytes.empty()) {
+        auto const end = std::min(bytes.find('\n'), bytes.size() - 1);
+        all.push_back(bytes.substr(0, end));
+        bytes.remove_prefix(end + 1);
+    }
+    std::sort(all.begin(), all.end());
+    return all;
+}
+
+/// Whether reading a card file has lost something that a user has made: a field, or a text. Numbers
+/// that the reader puts into their ranges are no loss.
+bool loses_something(std::string_view kept, std::string_view taken) {
+    auto const is_number = [](std::string_view line) {
+        auto const value = line.substr(std::min(line.find('='), line.size()));
+        return value.find_first_not_of("=-0123456789.,: \r") == std::string_view::npos;
+    };
+    auto const before = lines_of(kept);
+    auto const now = lines_of(taken);
+    std::vector<std::string_view> lost;
+    std::set_difference(before.begin(), before.end(), now.begin(), now.end(),
+                        std::back_inserter(lost));
+    return before.size() != now.size() || !std::all_of(lost.begin(), lost.end(), is_number);
+}
+
 /// This session keeps what an earlier one has kept: the card that was opened as its own work, and
 /// what else there is of it until the card is saved.
 void take_over(std::vector<rescue::Found> const& found, rescue::Found const& opened) {
     auto copy = open_card;
-    bool const is_whole =
-        opened.rescue.kind == What::work && write_card(copy) == opened.rescue.bytes;
+    auto const taken = write_card(copy);
+    bool const is_whole = !loses_something(opened.rescue.bytes, taken);
+    bool const is_needless = is_whole && opened.rescue.kind == What::work;
     bool kept = false;
     with_folder([&] {
         for (auto const& one : found)
-            if (!is_whole || one.name != opened.name)
-                put_beside(one.rescue);
+            if (!is_needless || one.name != opened.name)
+                put_beside(one.rescue, true);
         kept = true;
     });
     keep_work_now(); // the disk has it from this session before it goes
@@ -244,7 +274,7 @@ void take_over(std::vector<rescue::Found> const& found, rescue::Found const& ope
         return;
     for (auto const& one : found)
         keeper->store.remove(one.name);
-    if (!is_whole && opened.rescue.kind == What::work)
+    if (!is_whole)
         MsgBox(lines({" Kaikkea pelastetusta kortista ei voitu ottaa mukaan.     ", "",
                       " Se säilyy kansiossa " + keeper->store.folder() + "     ",
                       " kunnes kortti tallennetaan.     ", ""}),
@@ -359,6 +389,13 @@ void drop_work() {
     if (keeper && std::exchange(keeper->keeps_work, false))
         host().in_background(
             [store = keeper->store, name = name_of_work()] { store.remove(name); });
+}
+
+void begin_other_card() {
+    drop_work();
+    if (keeper)
+        for (auto& one : keeper->beside)
+            one.of_open_card = false;
 }
 
 void leave_work() {

@@ -24,6 +24,9 @@ void keep_work_now();
 void note_open_file();
 /// The user does not want the changes.
 void drop_work();
+/// The records are another card's from here on, and what was kept of the one before was kept for an
+/// answer that has been given.
+void begin_other_card();
 /// The session ends with the card unsaved, for the next one to offer. Tells where it could not be
 /// kept.
 void leave_work();

@@ -1,9 +1,15 @@
 // When the unsaved card is kept anew.
 #include "base/errors.h"
+#include "card/writing.h"
 #include "cardfile/work_rescue.h"
 #include "mainwindow/document_state.h"
+#include "platform/input.h"
 #include "rescue/store.h"
+#include "surface/load_card.h"
+#include "surface/rebuild.h"
 #include "tests/unit/fresh_session.h"
+
+#include <algorithm>
 
 namespace kehystin {
 
@@ -15,13 +21,33 @@ class WorkRescue : public FreshSession {
         field(2).left = 77;
         MarkCardChanged();
     }
+    std::vector<rescue::Rescue> all_kept() const {
+        rescue::Store const store(folder / "state");
+        std::vector<rescue::Rescue> all;
+        for (auto const& name : store.names())
+            all.push_back(*rescue::from_file(*store.bytes_of(name)));
+        return all;
+    }
     /// The rescue of the work, if there is one.
     std::optional<rescue::Rescue> kept() const {
-        rescue::Store const store(folder / "state");
-        for (auto const& name : store.names())
-            if (auto const bytes = store.bytes_of(name); bytes && name.ends_with(".work"))
-                return rescue::from_file(*bytes);
+        for (auto const& one : all_kept())
+            if (one.kind == rescue::What::work)
+                return one;
         return std::nullopt;
+    }
+    bool is_kept_before_a_save(std::string const& bytes) const {
+        auto const all = all_kept();
+        return std::any_of(all.begin(), all.end(), [&](rescue::Rescue const& one) {
+            return one.kind == rescue::What::before && one.bytes == bytes;
+        });
+    }
+    /// The card in a file of this folder that can be written.
+    std::string save_as(std::string_view name) {
+        auto const path = folder / name;
+        host.answers = {scenario::FileAnswer{path}};
+        cmdTallennaNimella_Click();
+        EXPECT_FALSE(static_cast<bool>(session.cardModified));
+        return path;
     }
 };
 
@@ -45,6 +71,74 @@ TEST_F(WorkRescue, AnotherFileOfTheCardIsKeptWithIt) {
     keep_work();
     ASSERT_TRUE(kept());
     EXPECT_EQ(kept()->file, session.cardFile);
+}
+
+TEST_F(WorkRescue, NothingIsKeptWhileTheHandsAreOnTheCardUnlessTheProcessEnds) {
+    input::mouse_press(*fCard, 30, 25, false);
+    input::mouse_move(*fCard, 60, 45);
+    keep_work();
+    EXPECT_FALSE(kept());
+    program.keep_work();
+    EXPECT_TRUE(kept());
+}
+
+TEST_F(WorkRescue, EveryFileIsKeptBeforeItIsSavedOver) {
+    auto const path = save_as("a.krt");
+    auto const own = bytes_of(path);
+    field(2).left = 78;
+    MarkCardChanged();
+    host.fail_file_operation(1, static_cast<int>(ErrorNumber::path_file_access));
+    host.answers = {Answer::ok};
+    cmdTallenna_Click();
+    EXPECT_TRUE(is_kept_before_a_save(own));
+    // Between two tries somebody else writes it.
+    put_bytes(path, "toisen kortti");
+    host.fail_file_operation(2, static_cast<int>(ErrorNumber::disk_full));
+    host.answers = {Answer::yes, Answer::ok};
+    cmdTallenna_Click();
+    EXPECT_TRUE(is_kept_before_a_save("toisen kortti"));
+    EXPECT_EQ(bytes_of(path), "");
+    cmdTallenna_Click();
+    EXPECT_FALSE(static_cast<bool>(session.cardModified));
+    EXPECT_TRUE(all_kept().empty());
+}
+
+TEST_F(WorkRescue, ACardThatCanNoLongerBeShownStaysKept) {
+    host.answers = {Answer::ok};
+    auto const before = open_card;
+    unload_card_form(); // as when there is no memory for its window
+    MsgBox("", 0, "");
+    show_no_card();
+    keep_work();
+    ASSERT_TRUE(kept());
+    auto written = before;
+    EXPECT_EQ(kept()->bytes, write_card(written));
+    // What comes after it is kept beside it.
+    open(KEHYSTIN_SCENARIOS "/files/irti.krt");
+    field(1).left = 5;
+    MarkCardChanged();
+    keep_work();
+    EXPECT_EQ(all_kept().size(), 2U);
+}
+
+TEST_F(WorkRescue, AFileThatAnotherSessionHasOpenIsAskedAboutOnce) {
+    auto const path = save_as("a.krt");
+    rescue::Store const store(folder / "state");
+    rescue::RunningSession const other(store);
+    other.note_file(path);
+    field(2).left = 78;
+    MarkCardChanged();
+    host.answers = {Answer::no};
+    cmdTallenna_Click();
+    EXPECT_NE(host.boxes.back().text.find("myös toisessa"), std::string::npos);
+    EXPECT_EQ(host.boxes.back().flags, 52);
+    EXPECT_TRUE(static_cast<bool>(session.cardModified));
+    host.answers = {Answer::yes};
+    cmdTallenna_Click();
+    EXPECT_FALSE(static_cast<bool>(session.cardModified));
+    MarkCardChanged();
+    cmdTallenna_Click();
+    EXPECT_FALSE(static_cast<bool>(session.cardModified));
 }
 
 } // namespace kehystin

@@ -3,6 +3,7 @@
 #include "app/start.h"
 #include "app/wiring.h"
 #include "boxes/failure_report.h"
+#include "cardfile/rescue_offer.h"
 #include "cardfile/work_rescue.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"

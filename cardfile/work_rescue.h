@@ -1,5 +1,5 @@
 // No work is lost: the open card is kept beside the user's files while it is unsaved, and so are
-// both sides of a save under way. What an earlier session left is offered.
+// both sides of a save under way. What an earlier session left: rescue_offer.
 #pragma once
 
 #include <string>
@@ -30,9 +30,6 @@ void begin_other_card();
 /// The session ends with the card unsaved, for the next one to offer. Tells where it could not be
 /// kept.
 void leave_work();
-
-/// Offers the newest rescue that earlier sessions left, rather one of the open card's file.
-void offer_rescue();
 
 /// Both sides of a save of `bytes` into a file lie on the disk from here until it is finished. A
 /// save that is never finished leaves them.

@@ -38,11 +38,7 @@ int runApplication(int argc, char* argv[], std::function<void(QApplication&)> co
     QTimer::singleShot(afterFirstPaint, &application,
                        [] { QApplication::setWindowIcon(applicationIcon()); });
     screenshot.takeFrom(host);
-    EndRequests const requests([&] { program.keep_work(); },
-                               [&] {
-                                   host.mainWindow()->close();
-                                   return host.isSessionOver();
-                               });
+    EndRequests const requests([&] { program.keep_work(); }, [&] { return host.closeForLogout(); });
     return host.run([&] { program.Main(); });
 }
 

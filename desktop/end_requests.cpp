@@ -55,11 +55,13 @@ void EndRequests::endBySignal() {
     std::raise(number);
 }
 
-void EndRequests::logOut(QSessionManager& manager) {
+bool EndRequests::mayLogOut(std::function<bool()> const& mayAsk) {
     keep_();
-    if (!manager.allowsInteraction())
-        return;
-    if (!close_())
+    return !mayAsk() || close_();
+}
+
+void EndRequests::logOut(QSessionManager& manager) {
+    if (!mayLogOut([&] { return manager.allowsInteraction(); }))
         manager.cancel();
     manager.release();
 }

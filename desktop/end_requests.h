@@ -13,10 +13,14 @@ namespace desktop {
 
 class EndRequests : public QObject {
   public:
-    /// `keep` makes the user's work safe at once. `close` closes the program by its usual road and
-    /// says whether it has ended. There is one of this class in a process.
+    /// `keep` makes the user's work safe at once. `close` closes the program by its usual road;
+    /// false when the user would rather stay. There is one of this class in a process.
     EndRequests(std::function<void()> keep, std::function<bool()> close);
     ~EndRequests() override;
+
+    /// The user logs out: keeps the work, then asks as far as that is allowed. False when the user
+    /// would rather stay.
+    bool mayLogOut(std::function<bool()> const& mayAsk);
 
   private:
     void endBySignal();

@@ -92,6 +92,15 @@ QWidget* QtHost::mainWindow() const {
     return mainWindow_;
 }
 
+bool QtHost::closeForLogout() {
+    // A second question on top of one that stands would answer that for the user.
+    if (!mainWindow_ || QApplication::activeModalWidget() ||
+        platform::System::current().active_modal())
+        return true;
+    mainWindow_->close();
+    return isSessionOver();
+}
+
 void QtHost::endSession() {
     timers_.stopAll();
     QApplication::exit(0); // leaves every loop, those of modal forms too

@@ -34,6 +34,9 @@ class QtHost : public platform::Host {
     QWidget* mainWindow() const;
     Timers const& timers() const { return timers_; }
     bool isSessionOver() const { return gate_.isSessionOver(); }
+    /// Closes the main window by its usual road, with its question. False when the user would
+    /// rather stay; true also where another question stands, which this one would answer.
+    bool closeForLogout();
 
     platform::Answer MsgBox(std::string_view text, int flags, std::string_view title) override;
     void keep_in_sight(std::vector<platform::Control const*> controls) override;

@@ -41,6 +41,34 @@ TEST_F(RealRescue, AChangeIsOnTheDiskSoonAndOpensAtTheNextStart) {
     EXPECT_TRUE(kept().isEmpty());
 }
 
+TEST_F(RealRescue, LoggingOutKeepsTheWorkAndAsksWhereNothingElseIsAsked) {
+    start(copy_of(QStringLiteral("asiakkaat.krt")));
+    desktop::EndRequests requests([&] { program->keep_work(); },
+                                  [&] { return host->closeForLogout(); });
+    auto const may_ask = [] { return true; };
+    fEditor->cmb_field.ListIndex = 2;
+    fEditor->txt_left.Text = "33";
+    EXPECT_TRUE(requests.mayLogOut([] { return false; }));
+    EXPECT_EQ(kept().size(), 1);
+    EXPECT_FALSE(host->isSessionOver());
+
+    fEditor->txt_left.Text = "34";
+    bool went_on = false;
+    QTimer::singleShot(0, &requests, [&] { went_on = requests.mayLogOut(may_ask); });
+    {
+        NextBox standing(QStringLiteral("Kyllä"));
+        cmd_close_Click();
+        EXPECT_TRUE(standing.was_shown());
+    }
+    EXPECT_TRUE(went_on);
+    EXPECT_FALSE(host->isSessionOver());
+
+    NextBox question(QStringLiteral("Kyllä"));
+    EXPECT_TRUE(requests.mayLogOut(may_ask));
+    EXPECT_TRUE(host->isSessionOver());
+    EXPECT_FALSE(question.was_shown()); // nothing is open any more
+}
+
 TEST(EndRequests, ASignalKeepsTheWorkAndThenEndsTheProcess) {
     auto const end_by = [](int number) {
         desktop::EndRequests const requests([] { std::fputs("kept", stderr); },

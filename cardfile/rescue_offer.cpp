@@ -148,15 +148,15 @@ std::vector<rescue::Found> all_of(rescue::Found const& chosen) {
 }
 
 void open_offered(rescue::Found const& chosen) {
-    auto const& [name, one] = chosen;
+    auto const& one = chosen.rescue;
     auto const found = all_of(chosen);
     if (std::none_of(found.begin(), found.end(),
-                     [&](rescue::Found const& other) { return other.name == name; })) {
+                     [&](rescue::Found const& other) { return other.name == chosen.name; })) {
         MsgBox(lines({" Toinen Kehystin on jo avannut pelastetun kortin.     ", ""}),
                box::information, " Pelastettu kortti");
         return;
     }
-    if (!open_kept_card(keeper->store.folder() + name, one.file, one.new_id))
+    if (!open_kept_card(keeper->store.folder() + chosen.name, one.file, one.new_id))
         return;
     know_file_of(one, found);
     take_over(found, chosen);

@@ -60,6 +60,7 @@ class Folder {
 std::unique_ptr<kehystin::Program> started(SessionHost& host) {
     host.button_down = false;
     host.rescue_was_failed = false;
+    host.memory_failed = false;
     host.fail_file_operation(0, 0);
     host.fail_rescue_operation(0, 0);
     host.hover(nullptr);

@@ -7,6 +7,7 @@
 #include "model/session.h"
 #include "platform/input.h"
 #include "platform/system.h"
+#include "tests/faults/failing_memory.h"
 
 #include <array>
 #include <cstdio>
@@ -69,10 +70,10 @@ std::string SessionHost::some_text() {
 
 platform::Answer SessionHost::MsgBox(std::string_view text, int flags, std::string_view title) {
     using platform::Answer;
+    faults::Unwatched const own;
     trace("  box", std::string(title) + ": " + std::string(text));
+    platform::System::current().about_to_ask();
     boxes.push_back({std::string(title), std::string(text), flags, std::nullopt});
-    if (bytes_.one_in(16))
-        clock.run(bytes_.between(1, 3000)); // timers go on while a box stands
     switch (flags & 7) {
     case platform::box::ok_cancel:
         return bytes_.one_in(4) ? Answer::cancel : Answer::ok;
@@ -86,10 +87,13 @@ platform::Answer SessionHost::MsgBox(std::string_view text, int flags, std::stri
 }
 
 std::string SessionHost::InputBox(std::string_view, std::string_view, std::string_view) {
+    faults::Unwatched const own;
     return some_text();
 }
 
 std::string SessionHost::chosen_path() {
+    faults::Unwatched const own;
+    platform::System::current().about_to_ask();
     int const choice = bytes_.below(cards + 4);
     if (choice < cards)
         return card_path(choice);
@@ -115,6 +119,7 @@ platform::Colour SessionHost::ShowColor(platform::Colour start, int) {
 }
 
 void SessionHost::show_modal(platform::Form& form) {
+    faults::Unwatched const own;
     button_down = false;
     for (int i = bytes_.below(16); i > 0 && !form.is_closing() && !bytes_.empty(); --i) {
         try {
@@ -268,11 +273,23 @@ void SessionHost::drag() {
 }
 
 Step SessionHost::step() {
-    try {
-        return step_on_main_window();
-    } catch (platform::InputRefused const&) {
-        return Step::other;
-    }
+    faults::memory = {failing_allocation_ != 0, 0, std::exchange(failing_allocation_, 0)};
+    auto const step = [&] {
+        try {
+            return step_on_main_window();
+        } catch (platform::InputRefused const&) {
+            return Step::other;
+        }
+    }();
+    memory_failed = memory_failed || (faults::memory.watched &&
+                                      faults::memory.allocations >= faults::memory.failing);
+    faults::memory = {};
+    return step;
+}
+
+void SessionHost::timer_changed(platform::Timer& timer) {
+    faults::Unwatched const own;
+    ScriptedHost::timer_changed(timer);
 }
 
 Step SessionHost::step_on_main_window() {
@@ -300,6 +317,10 @@ Step SessionHost::step_on_main_window() {
         wait(bytes_.between(1, 1000));
         break;
     case 13:
+        if (bytes_.one_in(2)) { // the disk has recovered
+            fail_rescue_operation(0, 0);
+            rescue_was_failed = false;
+        }
         wait(3100);
         return Step::waited;
     case 14:
@@ -343,6 +364,8 @@ Step SessionHost::step_on_main_window() {
         }
         break;
     case 24:
+        failing_allocation_ = bytes_.between(1, bytes_.one_in(2) ? 100 : 4000); // of the next step
+        break;
     case 25:
     case 26:
         input::click(require<platform::Menu>(*fEditor));

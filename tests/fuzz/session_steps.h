@@ -23,6 +23,8 @@ class SessionHost : public scenario::ScriptedHost {
     Step step();
     /// Whether an operation of the rescue has been made to fail in this session.
     bool rescue_was_failed = false;
+    /// Whether the memory has run out in this session.
+    bool memory_failed = false;
     std::string card_path(int number) const;
 
     platform::Answer MsgBox(std::string_view text, int flags, std::string_view title) override;
@@ -32,6 +34,7 @@ class SessionHost : public scenario::ScriptedHost {
     std::string ShowSave(platform::CommonDialog const& dialog) override;
     platform::Colour ShowColor(platform::Colour start, int flags) override;
     void show_modal(platform::Form& form) override;
+    void timer_changed(platform::Timer& timer) override;
 
   private:
     Step step_on_main_window();
@@ -49,6 +52,7 @@ class SessionHost : public scenario::ScriptedHost {
 
     std::string folder_;
     Bytes& bytes_;
+    int failing_allocation_ = 0; ///< of the next step, 0 for none
     double mouse_x_ = 0;
     double mouse_y_ = 0;
 };

@@ -1,6 +1,10 @@
 // The power goes at any moment of keeping the work and of a save. What the disk was asked for is
 // recorded; then, for each moment, the folder is made as it may be found: what was flushed is
 // there, of the rest all, nothing, the names alone, the bytes alone, or any part.
+//
+// With arguments the disk is a real one: "work IMAGE COPIES" runs the session in TMPDIR, which is
+// the file system of that image, and copies the image after each call; "look COPIES NUMBER" looks
+// at what one of the copies, mounted at the same place, holds.
 #include "app/program.h"
 #include "cardfile/work_rescue.h"
 #include "tests/faults/failing_calls.h"
@@ -10,6 +14,7 @@
 #include <map>
 #include <random>
 #include <set>
+#include <unistd.h>
 
 namespace kehystin {
 
@@ -162,48 +167,117 @@ struct Figures {
     long save_undone = 0;
 };
 
+/// The cards that are to be had again.
+struct Cards {
+    std::string first;   ///< kept before the first call
+    std::string changed; ///< as it is then kept
+    std::string saved;   ///< as it is then saved
+    std::string old;     ///< in the file before
+};
+
+/// What a user can have again, with the card's file first.
+std::vector<std::string> had_again(std::string const& file, std::string const& state) {
+    std::vector<std::string> had{without_id(bytes_of(file))};
+    for (auto const& found : rescue::look_for_rescues(rescue::Store(state)).rescues)
+        had.push_back(without_id(found.rescue.bytes));
+    return had;
+}
+
+struct Losses {
+    bool changes = false;
+    bool card = false;
+};
+
+Losses losses(std::vector<std::string> const& had, Cards const& cards, bool is_kept) {
+    auto const holds = [&](std::string const& card) {
+        return std::find(had.begin(), had.end(), card) != had.end();
+    };
+    return {!holds(cards.changed) && !holds(cards.saved) && (is_kept || !holds(cards.first)),
+            !holds(cards.old) && had.front() != cards.saved};
+}
+
+struct Watch {
+    std::function<void()> begun;
+    std::function<void(Call const&)> called;
+    std::function<void()> kept;
+};
+
+/// The session: a change, kept, and then saved.
+Cards work(Tried& one, Watch const& watch) {
+    Cards cards;
+    cards.old = without_id(bytes_of(one.file));
+    auto const program = std::make_unique<Program>(one.host);
+    one.begin(*program);
+    cards.first = written(open_card);
+    watch.begun();
+    faults::after_call = watch.called;
+    field(2).left = 140;
+    MarkCardChanged();
+    cards.changed = written(open_card);
+    keep_work();
+    watch.kept();
+    platform::input::click(fEditor->cmdTallenna);
+    faults::after_call = {};
+    cards.saved = without_id(bytes_of(one.file));
+    return cards;
+}
+
+constexpr std::string Cards::*card_members[] = {&Cards::first, &Cards::changed, &Cards::saved,
+                                                &Cards::old};
+
+int work_on_image(std::string const& image, std::string const& copies) {
+    Tried one;
+    int calls = 0;
+    int kept_at = 0;
+    auto const copy = [&](Call const&) {
+        fs::copy_file(image, copies + "/" + std::to_string(++calls) + ".img");
+    };
+    auto const cards = work(one, {[] { ::sync(); }, copy, [&] { kept_at = calls; }});
+    for (int i = 0; i < 4; ++i)
+        put_bytes(copies + "/" + std::to_string(i) + ".krt", cards.*card_members[i]);
+    put_bytes(copies + "/kept_at", std::to_string(kept_at));
+    put_bytes(copies + "/file", one.file);
+    std::printf("%d\n", calls);
+    return 0;
+}
+
+int look_at_image(std::string const& copies, int number) {
+    Cards cards;
+    for (int i = 0; i < 4; ++i)
+        cards.*card_members[i] = bytes_of(copies + "/" + std::to_string(i) + ".krt");
+    auto const file = bytes_of(copies + "/file");
+    auto const lost = losses(had_again(file, folder_of(file) + "/state"), cards,
+                             number >= std::stoi(bytes_of(copies + "/kept_at")));
+    std::printf("after call %d: %s%s\n", number, lost.changes ? "changes lost " : "",
+                lost.card ? "card of the file lost" : "");
+    return lost.changes || lost.card ? 1 : 0;
+}
+
 int run() {
     Tried one;
     std::vector<Call> calls;
-    std::size_t kept_at = 0;
+    std::size_t calls_kept = 0;
     Disk start;
-    std::string first;
-    std::string changed;
-    {
-        auto const program = std::make_unique<Program>(one.host);
-        one.begin(*program);
-        first = written(open_card);
-        start = disk_of(one.folder.path());
-        faults::after_call = [&](Call const& call) { calls.push_back(call); };
-        field(2).left = 140;
-        MarkCardChanged();
-        changed = written(open_card);
-        keep_work();
-        kept_at = steps_of(calls, start).size();
-        platform::input::click(fEditor->cmdTallenna);
-        faults::after_call = {};
-    }
-    auto const saved = without_id(bytes_of(one.file));
-    auto const old = without_id(start.contents.at(start.names.at(one.file)));
+    auto const cards = work(one, {[&] { start = disk_of(one.folder.path()); },
+                                  [&](Call const& call) { calls.push_back(call); },
+                                  [&] { calls_kept = calls.size(); }});
     auto const steps = steps_of(calls, start);
+    auto const kept_at =
+        steps_of({calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(calls_kept)}, start)
+            .size();
 
     Figures figures;
     std::mt19937 random(1);
     constexpr int any_tries = 40;
     auto const look = [&](std::size_t moment, Rest rest) {
         make(found_disk(steps, moment, start, rest, random), one.folder.path());
-        std::set<std::string> had{without_id(bytes_of(one.file))};
-        bool const is_saved = had.contains(saved);
-        rescue::Store const store(one.folder / "state");
-        for (auto const& found : rescue::look_for_rescues(store).rescues)
-            had.insert(without_id(found.rescue.bytes));
+        auto const had = had_again(one.file, one.folder / "state");
+        auto const lost = losses(had, cards, moment >= kept_at);
         ++figures.looked_at;
-        bool const changes = had.contains(changed) || had.contains(saved) ||
-                             (moment < kept_at && had.contains(first));
-        figures.changes_lost += changes ? 0 : 1;
-        figures.card_lost += had.contains(old) || is_saved ? 0 : 1;
-        figures.save_undone += moment == steps.size() && !is_saved ? 1 : 0;
-        if (!changes)
+        figures.changes_lost += lost.changes ? 1 : 0;
+        figures.card_lost += lost.card ? 1 : 0;
+        figures.save_undone += moment == steps.size() && had.front() != cards.saved ? 1 : 0;
+        if (lost.changes)
             std::printf("changes lost before step %zu, rest %d\n", moment, static_cast<int>(rest));
     };
     for (std::size_t moment = 0; moment <= steps.size(); ++moment) {
@@ -223,6 +297,11 @@ int run() {
 } // namespace
 } // namespace kehystin
 
-int main() {
+int main(int count, char* arguments[]) {
+    std::string const what = count > 3 ? arguments[1] : "";
+    if (what == "work")
+        return kehystin::work_on_image(arguments[2], arguments[3]);
+    if (what == "look")
+        return kehystin::look_at_image(arguments[2], std::stoi(arguments[3]));
     return kehystin::run();
 }

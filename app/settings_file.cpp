@@ -85,12 +85,23 @@ std::string file_path() {
     return session.windowsDir + std::string(file_name);
 }
 
+/// A name that nothing has: what was kept before may be the settings that the user wants back.
+std::string free_old_name() {
+    auto const name = file_path() + ".old";
+    if (!names_a_file(name))
+        return name;
+    int number = 2;
+    while (names_a_file(name + std::to_string(number)))
+        ++number;
+    return name + std::to_string(number);
+}
+
 /// Settings that the disk did not give at the start may be whole: they are not written over.
 void keep_unread_file() {
     if (!std::exchange(session.settings_unread, false) || !names_a_file(file_path()))
         return;
     std::error_code failed;
-    std::filesystem::rename(file_path(), file_path() + ".old", failed);
+    std::filesystem::rename(file_path(), free_old_name(), failed);
     if (failed) {
         session.settings_unread = true;
         throw RuntimeError(ErrorNumber::path_file_access);

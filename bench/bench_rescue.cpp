@@ -44,6 +44,7 @@ struct OpenCard {
 
     explicit OpenCard(bool keeps) : host(folder, keeps) {
         std::filesystem::create_directories(folder + "windows");
+        std::filesystem::remove_all(folder + "state"); // of the session before
         std::filesystem::copy_file(bench_cards::large_card, folder + "a.krt",
                                    std::filesystem::copy_options::overwrite_existing);
         program.Main();

@@ -141,6 +141,7 @@ constexpr int fileMustExist = 0x1000;
 
 Answer showMessage(QWidget* owner, std::string_view text, int flags, std::string_view title,
                    QList<QRect> const& inSight) {
+    waitUntilPlaced(owner); // the box stands over its middle
     // The box goes with its owner, should that end first.
     QPointer<MessageBox> const box(new MessageBox(owner, inSight));
     box->setWindowFlags(hasWayBack(flags) ? boxFlags : boxFlags & ~Qt::WindowCloseButtonHint);

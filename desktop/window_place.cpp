@@ -2,9 +2,13 @@
 
 #include "desktop/look.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 #include <algorithm>
 #include <limits>
@@ -91,6 +95,15 @@ QMargins frameFor(QWidget const* owner) {
     QMargins const frame(inner.left() - outer.left(), inner.top() - outer.top(),
                          outer.right() - inner.right(), outer.bottom() - inner.bottom());
     return frame | guess; // a window that fills the screen may have no edges
+}
+
+void waitUntilPlaced(QWidget const* window) {
+    auto const* const handle = window ? window->window()->windowHandle() : nullptr;
+    QElapsedTimer waited;
+    waited.start();
+    constexpr int longest = 500; // milliseconds
+    while (handle && handle->isVisible() && !handle->isExposed() && waited.elapsed() < longest)
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
 }
 
 QPoint placeInSightOf(QSize size, QRect const& room, QPoint usual, QList<QRect> const& inSight) {

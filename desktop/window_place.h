@@ -18,6 +18,10 @@ QRect roomFor(QWidget const* owner);
 /// says, or a guess that is no smaller than usual.
 QMargins frameFor(QWidget const* owner);
 
+/// Returns when the window manager has given a window that is just coming up its place, or after
+/// half a second without one. The user's input waits.
+void waitUntilPlaced(QWidget const* window);
+
 /// The top left corner of a window of that size, frame included: inside the room, where it covers
 /// fewest of what is to stay in sight, and of such places the nearest to the usual one. What is
 /// larger than the room begins where the room does.

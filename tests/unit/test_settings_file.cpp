@@ -80,6 +80,14 @@ TEST_F(SettingsFile, WhatWasReadStaysWhenTheClosingFails) {
     EXPECT_NE(bytes_of(path()), unread);
     WriteSettings();
     EXPECT_EQ(bytes_of(path() + ".old"), unread);
+    // Nor is what was kept then.
+    auto const later = bytes_of(path());
+    host.fail_file_operation(1, 57);
+    host.answers.push_back(Answer::ok);
+    EXPECT_FALSE(ReadSettings());
+    WriteSettings();
+    EXPECT_EQ(bytes_of(path() + ".old"), unread);
+    EXPECT_EQ(bytes_of(path() + ".old2"), later);
 }
 
 TEST_F(SettingsFile, NumbersOutsideTheirRangeAreRepaired) {

@@ -46,6 +46,7 @@ inline std::string with_fields(int count) {
 inline std::string folder() {
     auto const path = std::filesystem::temp_directory_path() / "kehystin-bench/";
     std::filesystem::create_directories(path);
+    std::filesystem::remove_all(path / "state"); // what a session before has kept
     return path.string();
 }
 

@@ -44,8 +44,6 @@ void put_number(MemberRef const& member, double number) {
 
 void CardRepair::tell(Finding::What what, Place const& place, std::string kept, std::string row) {
     report_size_ += row.size();
-    if (report_size_ > longest_report + row.size())
-        row.clear();
     reading_.findings.push_back({what, place.key,
                                  from_code_page(place.value.substr(0, longest_told)),
                                  std::move(kept), std::move(row)});
@@ -56,8 +54,10 @@ void CardRepair::store_text(Place const& place, FixedTextRef member) {
     if (place.value.size() <= member.length())
         return;
     auto kept = from_code_page(place.value.substr(0, member.length()));
-    auto row = place.row_head(true) + std::string(place.repair.label) +
-               from_code_page(place.value) + "  ->  " + kept + std::string(place.repair.tail);
+    std::string row;
+    if (has_room_for_rows())
+        row = place.row_head(true) + std::string(place.repair.label) + from_code_page(place.value) +
+              "  ->  " + kept + std::string(place.repair.tail);
     tell(Finding::What::cut, place, std::move(kept), std::move(row));
 }
 
@@ -136,10 +136,11 @@ double CardRepair::repaired_number(Place const& place) {
     // What would be put in its place already stands there: nothing is repaired, nothing told.
     if (stands || number == repaired)
         return number;
-    tell(Finding::What::repaired, place, Format(repaired),
-         repair.label.empty() ? std::string()
-                              : place.row_head(false) + std::string(repair.label) + Format(number) +
-                                    std::string(repair.tail));
+    std::string row;
+    if (!repair.label.empty() && has_room_for_rows())
+        row = place.row_head(false) + std::string(repair.label) + Format(number) +
+              std::string(repair.tail);
+    tell(Finding::What::repaired, place, Format(repaired), std::move(row));
     return repaired;
 }
 

@@ -33,6 +33,8 @@ class CardRepair {
     void store_number(Place const& place, MemberRef const& member);
     /// The number that a value text stands for, put back into its range.
     double repaired_number(Place const& place);
+    /// A row that nobody reads is not even made: a hostile file has thousands of long ones.
+    bool has_room_for_rows() const { return report_size_ <= longest_report; }
     void tell(Finding::What what, Place const& place, std::string kept, std::string row = {});
 
     Reading& reading_;

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <functional>
 #include <iostream>
+#include <malloc.h>
 #include <new>
 
 namespace {
@@ -182,6 +183,9 @@ void add_commands(CLI::App& program, Wanted& wanted) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    // What a large file took goes back when it is done with. By itself the library keeps more from
+    // file to file.
+    mallopt(M_MMAP_THRESHOLD, 1024 * 1024);
     CLI::App program("krt tutkii, korjaa ja muuntaa korttimalleja ilman ikkunaa.", "krt");
     speak_finnish(program);
     program.set_version_flag("--version", "krt " KRT_VERSION, "näyttää version");

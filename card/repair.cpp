@@ -93,7 +93,8 @@ void CardRepair::store_real(Place const& place, float& member) {
     // The highest as both are stored: two numbers may be one in 32 bits.
     bool const stands = is_lowest ? written >= 1 : written > lowest && to_single(written) > lowest;
     member = stands ? to_single(written) : is_lowest ? 1 : lowest + 100;
-    if (!stands)
+    // Beyond 31 bits a hundred more is the same number: it may stand there already.
+    if (!stands && written != static_cast<double>(member))
         tell(Finding::What::repaired, place, Format(static_cast<double>(member)));
 }
 

@@ -54,6 +54,21 @@ TEST(CardLibrary, WhatIsFoundNamesItsKeyAndWhatBecomesOfIt) {
     EXPECT_EQ(read("ei kortti").end, Reading::End::not_a_card);
 }
 
+TEST(CardLibrary, WhatIsRepairedNeedsNoOtherRepair) {
+    auto bytes = example("asiakkaat.krt");
+    for (auto const& [key, value] :
+         {std::pair("card.asiakasMin=", "10000000000"), {"card.asiakasMax=", "1"}}) {
+        auto const at = bytes.find(key) + std::string_view(key).size();
+        bytes.replace(at, bytes.find('\r', at) - at, value);
+    }
+    auto repaired = read(bytes);
+    ASSERT_EQ(repaired.findings.size(), 1U);
+    EXPECT_EQ(repaired.findings[0].kept, "10000000000"); // a hundred more is no other number
+    auto again = read(write_card(repaired.data));
+    EXPECT_TRUE(again.findings.empty());
+    EXPECT_EQ(again.data.card.asiakasMax, 1e10F);
+}
+
 TEST(CardLibrary, AMissingKeyAsksWhetherToGoOn) {
     int asked = 0;
     auto const refused =

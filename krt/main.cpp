@@ -48,6 +48,34 @@ void add_json(CLI::App& command, Wanted& wanted) {
     command.add_flag("--json", wanted.json, "tulostaa JSONia, olion riville");
 }
 
+/// The words of the command line from the last to the first, as the library wants them. It takes a
+/// file "[a,b]" for two, and "--" only where no file stands before it: a NUL in front, which no
+/// word can have of its own, makes a name of whatever follows.
+std::vector<std::string> words_of(int argc, char* argv[]) {
+    std::vector<std::string> words;
+    bool names_alone = false;
+    for (int i = 1; i < argc; ++i) {
+        std::string const word = argv[i];
+        if (word == "--" && !names_alone)
+            names_alone = true;
+        else
+            words.push_back((names_alone || word.starts_with('[') ? '\0' + word : word));
+    }
+    std::reverse(words.begin(), words.end());
+    return words;
+}
+
+/// Names as they were given.
+void take_as_given(Wanted& wanted) {
+    auto const take = [](std::string& name) {
+        if (name.starts_with('\0'))
+            name.erase(0, 1);
+    };
+    std::for_each(wanted.files.begin(), wanted.files.end(), take);
+    for (auto* const name : {&wanted.output, &wanted.repair.file, &wanted.drawing.file})
+        take(*name);
+}
+
 /// What is wrong with the command line.
 std::string fault_of(CLI::Error const& error) {
     if (dynamic_cast<CLI::RequiredError const*>(&error))
@@ -196,7 +224,8 @@ int main(int argc, char* argv[]) {
 
     add_commands(program, wanted);
     try {
-        program.parse(argc, argv);
+        program.parse(words_of(argc, argv));
+        take_as_given(wanted);
     } catch (CLI::ParseError const& error) {
         bool const told = program.exit(error) == 0 && std::cout.flush();
         return static_cast<int>(told ? Status::quiet : Status::failed);

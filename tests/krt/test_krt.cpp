@@ -86,6 +86,19 @@ TEST_F(Krt, RepairWritesOnlyWhatWasWrong) {
     EXPECT_EQ(run("--version", " && '" KRT_PROGRAM "' --version >/dev/full"), 2);
 }
 
+TEST_F(Krt, NamesOfFilesAreTakenAsTheyAre) {
+    auto const broken = bytes_of(folder / take("rikki.krt"));
+    for (auto const* const name : {"kortti", "[kortti]", "[a,b]", "check", "a b", "--json"})
+        write(name, broken);
+    EXPECT_EQ(run("repair --in-place '[kortti]' '[a,b]' check -- 'a b' --json"), 1);
+    for (auto const* const name : {"[kortti]", "[a,b]", "check", "a b", "--json"})
+        EXPECT_TRUE(bytes_of(folder / (name + std::string("~"))) == broken) << name;
+    EXPECT_TRUE(bytes_of(folder / "kortti") == broken);
+    EXPECT_EQ(run("json ./--json", " && cp out k.json"), 0) << err;
+    EXPECT_EQ(run("make k.json -o '[x]'"), 0) << err;
+    EXPECT_TRUE(bytes_of(folder / "[x]") == bytes_of(folder / "--json"));
+}
+
 TEST_F(Krt, JsonAndBackGivesTheSameFile) {
     for (auto const* const name : {"asiakkaat.krt", "jasenet.krt", "kolmesataa.krt", "laskut.krt",
                                    "sukukirja.krt", "tuotteet.krt"}) {

@@ -4,7 +4,6 @@
 #include "krt/shown.h"
 
 #include "base/text.h"
-#include "card/writing.h"
 
 #include <algorithm>
 #include <array>
@@ -48,7 +47,7 @@ Status draw(std::string const& file, Drawing const& drawing) {
     if (drawing.links)
         words.emplace_back("links");
     // As it has been repaired; the other program has no questions left.
-    auto const painted = paint(words, kehystin::write_card(shown->card));
+    auto const painted = paint(words, std::move(shown->card));
     if (!painted || !write_whole(drawing.file, painted->bytes))
         return Status::failed;
     return worse(shown->status, painted->status);

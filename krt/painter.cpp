@@ -1,9 +1,13 @@
 #include "krt/painter.h"
 
+#include "card/format.h"
+#include "card/writing.h"
 #include "krt/files.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
@@ -48,6 +52,26 @@ struct Descriptor {
     }
 };
 
+/// The card as it is read again: a file of the editor's would end most texts at their first comma.
+std::string guarded_bytes(kehystin::CardData& card) {
+    using namespace kehystin;
+    auto const guard = [](MemberRef const& member) {
+        auto const* const text = std::get_if<FixedTextRef>(&member);
+        if (!text)
+            return;
+        std::string bytes(text->bytes());
+        std::replace(bytes.begin(), bytes.end(), ',', comma_stand_in);
+        text->assign_bytes(bytes);
+    };
+    for (auto const& member : card_members())
+        if (member.last == 0)
+            guard(member.ref(card.card, 0));
+    for (int i = 1; i <= card.card.fields; ++i)
+        for (auto const& member : field_members())
+            guard(member.ref(card.field(i)));
+    return write_card(card);
+}
+
 using TemporaryFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
 /// A file and not a pipe: the program may end before it has read everything.
@@ -85,6 +109,8 @@ pid_t start(fs::path const& program, std::vector<std::string> const& words, int 
     posix_spawn_file_actions_init(&streams);
     posix_spawn_file_actions_adddup2(&streams, in, STDIN_FILENO);
     posix_spawn_file_actions_adddup2(&streams, out, STDOUT_FILENO);
+    // Ignored, as the one who starts krt may have it, it would take the end of the process with it.
+    std::signal(SIGCHLD, SIG_DFL);
     pid_t process = 0;
     bool const started =
         posix_spawn(&process, program.c_str(), &streams, nullptr, arguments.data(), environ) == 0;
@@ -92,25 +118,28 @@ pid_t start(fs::path const& program, std::vector<std::string> const& words, int 
     return started ? process : 0;
 }
 
-Status end_of(pid_t process) {
+/// Nothing where it did not end by itself.
+std::optional<Status> end_of(pid_t process) {
     int status = 0;
-    while (waitpid(process, &status, 0) < 0 && errno == EINTR)
-        ;
-    bool const ended = WIFEXITED(status) && WEXITSTATUS(status) <= static_cast<int>(Status::failed);
-    if (!ended)
-        complain(name, "ei toimi");
-    return ended ? static_cast<Status>(WEXITSTATUS(status)) : Status::failed;
+    pid_t ended = 0;
+    do
+        ended = waitpid(process, &status, 0);
+    while (ended < 0 && errno == EINTR);
+    if (ended != process || !WIFEXITED(status) ||
+        WEXITSTATUS(status) > static_cast<int>(Status::failed))
+        return std::nullopt;
+    return static_cast<Status>(WEXITSTATUS(status));
 }
 
 } // namespace
 
-std::optional<Painted> paint(std::vector<std::string> const& words, std::string_view card) {
+std::optional<Painted> paint(std::vector<std::string> const& words, kehystin::CardData card) {
     auto const program = find_program();
     if (!program) {
         complain(name, "piirtävää ohjelmaa ei ole asennettu krt:n viereen");
         return std::nullopt;
     }
-    auto const in = file_of(card);
+    auto const in = file_of(guarded_bytes(card));
     int ends[2];
     if (!in || pipe2(ends, O_CLOEXEC) != 0) {
         complain(name, "ei voi käynnistää");
@@ -127,14 +156,16 @@ std::optional<Painted> paint(std::vector<std::string> const& words, std::string_
     Painted painted;
     painted.bytes = read_to_end(from.number);
     from.close(); // a program that still writes ends
+    auto const end = end_of(process);
     if (painted.bytes.size() > largest_picture) {
-        int ignored = 0;
-        while (waitpid(process, &ignored, 0) < 0 && errno == EINTR)
-            ;
         complain(words.front(), "kuvasta tulee liian suuri, yli 64 Mt");
         return std::nullopt;
     }
-    painted.status = end_of(process);
+    painted.status = end.value_or(Status::failed);
+    if (!end || (painted.status != Status::failed && painted.bytes.empty())) {
+        complain(name, "ei toimi");
+        return std::nullopt;
+    }
     if (painted.status == Status::failed)
         return std::nullopt;
     return painted;

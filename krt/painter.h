@@ -1,6 +1,7 @@
 // The program beside krt that paints cards: it needs Qt, which krt does without.
 #pragma once
 
+#include "card/card.h"
 #include "krt/commands.h"
 
 #include <optional>
@@ -16,7 +17,7 @@ struct Painted {
 };
 
 /// Runs krt-draw with these words and a card on its standard input; its messages are krt's own.
-/// Nothing, with a complaint, where it is not there or does not end well.
-std::optional<Painted> paint(std::vector<std::string> const& words, std::string_view card);
+/// Nothing, with a complaint, where it is not there, does not end well or writes nothing.
+std::optional<Painted> paint(std::vector<std::string> const& words, kehystin::CardData card);
 
 } // namespace krt

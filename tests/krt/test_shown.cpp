@@ -21,6 +21,30 @@ TEST_F(Krt, DrawNeedsTheProgramBesideIt) {
     EXPECT_FALSE(fs::exists(folder / "x.png"));
 }
 
+TEST_F(Krt, ThePainterGetsTheWholeCard) {
+    fs::copy_file(KRT_PROGRAM, folder / "krt");
+    auto const paint_by = [&](std::string const& program) {
+        write("krt-draw", "#!/bin/sh\n" + program + "\n");
+        fs::permissions(folder / "krt-draw", fs::perms(0700));
+        return run("--version", " ; trap '' CHLD ; ./krt draw a.krt -o a.png >out 2>err");
+    };
+    // What stands for a comma in the file is one again for the painter, in whatever text.
+    write_changed("a.krt", "vanha.krt", "field(1).caption=Nimi", "field(1).caption=Nimi\xa4 etu");
+    write_changed("a.krt", folder / "a.krt", "field(2).value=",
+                  "field(2).value=1\xa4"
+                  "5");
+    ASSERT_EQ(paint_by("cat"), 0) << err;
+    auto const handed_over = bytes_of(folder / "a.png");
+    for (auto const* const text : {"caption=Nimi\xa4 etu\r", "value=1\xa4"
+                                                             "5\r"})
+        EXPECT_NE(handed_over.find(text), std::string::npos) << text;
+    // One that fails, is killed or has nothing to give leaves the old picture, whoever waits.
+    for (auto const* const program : {"exit 2", "echo x; kill -9 $$", "true", "exit 9"}) {
+        EXPECT_EQ(paint_by(program), 2) << program;
+        EXPECT_TRUE(bytes_of(folder / "a.png") == handed_over) << program;
+    }
+}
+
 TEST_F(Krt, DrawAndFormRefuseWhatTheyCannotTake) {
     write("teksti.krt", "ei kortti");
     fs::create_directory(folder / "kansio.krt");

@@ -40,7 +40,7 @@ Status draw(std::string const& file, Drawing const& drawing) {
         complain("--scale", "skaala on 0.25 - 8");
         return Status::failed;
     }
-    auto shown = read_to_show(file);
+    auto shown = spares_source(file, drawing.file) ? read_to_show(file) : std::nullopt;
     if (!shown)
         return Status::failed;
     std::vector<std::string> words{file, ending, std::to_string(drawing.scale)};

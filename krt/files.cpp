@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <fcntl.h>
 #include <filesystem>
 #include <memory>
 #include <new>
@@ -59,6 +60,10 @@ std::string fault_of(int error) {
         return "levylle ei voi kirjoittaa";
     case EISDIR:
         return "on hakemisto";
+    case ELOOP:
+        return "linkit kiertävät kehää";
+    case EEXIST:
+        return "ei ole tavallinen tiedosto";
     case ENOTDIR:
         return "polussa on tiedosto, joka ei ole hakemisto";
     case ENAMETOOLONG:
@@ -191,8 +196,24 @@ std::optional<std::string> new_file_beside(fs::path const& file) {
     return pattern;
 }
 
+/// A new file has the rights and the owner that the old one had, or those that any new file gets.
+void keep_rights(fs::path const& old, fs::path const& now, std::error_code& failed) {
+    struct stat known {};
+    auto const mask = umask(0);
+    umask(mask);
+    mode_t mode = 0666 & ~mask;
+    if (stat(old.c_str(), &known) == 0) {
+        mode = known.st_mode & 0777;
+        // A group that the user may not give has no more rights than the others.
+        if (chown(now.c_str(), known.st_uid, known.st_gid) != 0 &&
+            chown(now.c_str(), static_cast<uid_t>(-1), known.st_gid) != 0)
+            mode &= ~static_cast<mode_t>(S_IRWXG) | ((mode & S_IRWXO) << 3);
+    }
+    fs::permissions(now, fs::perms(mode), failed);
+}
+
 /// A copy under a name of its own first: an older one stays until the new one is whole.
-void keep_backup(fs::path const& file, std::error_code& failed) {
+void keep_backup(fs::path const& file, fs::path const& backup, std::error_code& failed) {
     auto const copy = new_file_beside(file);
     if (!copy) {
         failed = std::error_code(errno, std::generic_category());
@@ -200,63 +221,110 @@ void keep_backup(fs::path const& file, std::error_code& failed) {
     }
     fs::copy_file(file, *copy, fs::copy_options::overwrite_existing, failed);
     if (!failed)
-        fs::permissions(*copy, fs::status(file).permissions(), failed);
+        keep_rights(file, *copy, failed);
     if (!failed)
-        fs::rename(*copy, file.string() + "~", failed);
+        fs::rename(*copy, backup, failed);
     std::error_code ignored;
     if (failed)
         fs::remove(*copy, ignored);
 }
 
-/// A new file beside it takes its place when it is whole. The error, or 0.
-int replace_file(fs::path const& file, std::string_view bytes, bool backup) {
+/// Where a name leads behind its links, also when nothing is there yet.
+fs::path behind_links(fs::path file) {
+    constexpr int most_links = 40; // as the system has it
+    std::error_code none;
+    for (int i = 0; i < most_links && fs::is_symlink(file, none); ++i)
+        file = file.parent_path() / fs::read_symlink(file, none);
+    return file;
+}
+
+struct Failure {
+    int error = 0; ///< 0 for none
+    fs::path file = {};
+};
+
+/// A new file beside it takes its place when it is whole.
+Failure replace_file(fs::path const& file, std::string_view bytes, bool backup) {
+    std::error_code failed;
+    auto const old = fs::symlink_status(file, failed);
+    // Nothing but a file gives way to one.
+    if (fs::exists(old) && !fs::is_regular_file(old))
+        return {fs::is_symlink(old) ? ELOOP : EEXIST, file};
+    if (fs::exists(old) && access(file.c_str(), W_OK) != 0)
+        return {errno, file};
     auto const unfinished = new_file_beside(file);
     if (!unfinished)
-        return errno;
+        return {errno, file};
     OpenFile to(std::fopen(unfinished->c_str(), "wb"));
-    int error = write_all(to.get(), bytes);
-    if (error == 0 && fsync(fileno(to.get())) != 0)
-        error = errno;
+    Failure failure{write_all(to.get(), bytes), file};
+    if (failure.error == 0 && fsync(fileno(to.get())) != 0)
+        failure.error = errno;
     to.reset();
-    std::error_code failed;
-    if (error == 0) {
-        // A new file has the rights that the old one had, or those that any new file gets.
-        auto const old = fs::status(file, failed);
-        auto const mask = umask(0);
-        umask(mask);
-        fs::permissions(*unfinished, fs::exists(old) ? old.permissions() : fs::perms(0666 & ~mask),
-                        failed);
-        if (!failed && backup && fs::exists(old))
-            keep_backup(file, failed);
+    if (failure.error == 0) {
+        keep_rights(file, *unfinished, failed);
+        if (!failed && backup && fs::exists(old)) {
+            auto const kept = file.string() + "~";
+            keep_backup(file, kept, failed);
+            if (failed)
+                failure.file = kept;
+        }
         if (!failed)
             fs::rename(*unfinished, file, failed);
-        error = failed.value();
+        failure.error = failed.value();
     }
-    if (error != 0)
+    if (failure.error != 0)
         fs::remove(*unfinished, failed);
-    return error;
+    return failure;
+}
+
+/// Whether a name leads to what a descriptor has open.
+bool is_open_as(int descriptor, std::string const& file) {
+    struct stat open {};
+    struct stat named {};
+    return fstat(descriptor, &open) == 0 && stat(file.c_str(), &named) == 0 &&
+           open.st_dev == named.st_dev && open.st_ino == named.st_ino;
+}
+
+/// What is no file of its own name, a device or a pipe, cannot be replaced.
+Failure write_into(std::string const& file, std::string_view bytes) {
+    int const descriptor = open(file.c_str(), O_WRONLY | O_CLOEXEC);
+    OpenFile const to(descriptor < 0 ? nullptr : fdopen(descriptor, "wb"));
+    return {write_all(to.get(), bytes), file};
+}
+
+Failure write_to(std::string const& file, std::string_view bytes, bool backup) {
+    std::error_code none;
+    auto const known = fs::status(file, none);
+    if (fs::is_directory(known))
+        return {EISDIR, file};
+    auto const target = behind_links(file);
+    // A name in /proc may lead to a file that has no name any more.
+    bool const is_file = fs::is_regular_file(known) && fs::equivalent(target, file, none);
+    if (fs::exists(known) && !is_file)
+        return write_into(file, bytes);
+    return replace_file(target, bytes, backup);
 }
 
 } // namespace
 
-bool write_whole(std::string const& file, std::string_view bytes, bool backup) {
-    if (file == "-")
-        return print(bytes);
+bool spares_source(std::string const& source, std::string const& target) {
     std::error_code none;
-    auto const known = fs::exists(file, none);
-    // Behind any link, also one that leads to nothing yet.
-    auto const target = known ? fs::canonical(file, none)
-                        : fs::is_symlink(file, none)
-                            ? fs::path(file).parent_path() / fs::read_symlink(file, none)
-                            : fs::path(file);
-    int error = EISDIR;
-    if (!known || fs::is_regular_file(target, none))
-        error = replace_file(target, bytes, backup);
-    else if (!fs::is_directory(target, none))
-        error = write_all(OpenFile(std::fopen(target.c_str(), "wb")).get(), bytes);
-    if (error != 0)
-        complain(file, "ei voi kirjoittaa: " + fault_of(error));
-    return error == 0;
+    bool const same =
+        target != "-" && fs::is_regular_file(target, none) &&
+        (source == "-" ? is_open_as(STDIN_FILENO, target) : fs::equivalent(source, target, none));
+    if (same)
+        complain(target, "on tiedosto, josta luetaan: sen päälle ei kirjoiteta");
+    return !same;
+}
+
+bool write_whole(std::string const& file, std::string_view bytes, bool backup) {
+    if (file == "-" || (!backup && is_open_as(STDOUT_FILENO, file)))
+        return print(bytes);
+    auto const failure = write_to(file, bytes, backup);
+    if (failure.error != 0)
+        complain(failure.file == behind_links(file) ? file : failure.file.string(),
+                 "ei voi kirjoittaa: " + fault_of(failure.error));
+    return failure.error == 0;
 }
 
 } // namespace krt

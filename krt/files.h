@@ -55,9 +55,14 @@ bool tell_faults(std::string const& file, kehystin::Reading const& reading);
 /// Writes standard output. False where nobody reads it any more.
 bool print(std::string_view text);
 
-/// Writes a file whole or not at all, where it is one: into a device it writes straight, and "-" is
-/// standard output. With `backup` an old one is kept under its name and "~". False, with a
-/// complaint, where it could not.
+/// False, with a complaint, where the target is the file from which it would be made, by whatever
+/// name.
+bool spares_source(std::string const& source, std::string const& target);
+
+/// Writes a file whole or not at all, where it is one: into a device or a pipe it writes straight,
+/// and "-" is standard output. It stands behind any links, and keeps its rights, owner and group.
+/// With `backup` an old one is kept beside it, under its name and "~". False, with a complaint,
+/// where it could not.
 bool write_whole(std::string const& file, std::string_view bytes, bool backup = false);
 
 } // namespace krt

@@ -9,7 +9,7 @@
 namespace krt {
 
 Status form(std::string const& file, std::string const& target) {
-    auto shown = read_to_show(file);
+    auto shown = spares_source(file, target) ? read_to_show(file) : std::nullopt;
     if (!shown)
         return Status::failed;
     auto const page = page_of(

@@ -31,7 +31,7 @@ Status to_json(Files const& files) {
 }
 
 Status make(std::string const& source, std::string const& target) {
-    auto const bytes = read_bytes(source);
+    auto const bytes = spares_source(source, target) ? read_bytes(source) : std::nullopt;
     if (!bytes)
         return Status::failed;
     try {

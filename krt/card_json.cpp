@@ -55,7 +55,7 @@ std::string below(std::string const& pointer, std::string_view name) {
     for (auto const& [sign, code] : {std::pair("~", "~0"), {"/", "~1"}})
         for (auto at = escaped.find(sign); at != std::string::npos; at = escaped.find(sign, at + 2))
             escaped.replace(at, 1, code);
-    return pointer + "/" + base::in_one_line(escaped);
+    return pointer + "/" + plain(escaped);
 }
 
 void take_text(FixedTextRef text, Json const& value, std::string const& pointer) {
@@ -73,27 +73,36 @@ void take_text(FixedTextRef text, Json const& value, std::string const& pointer)
     text.assign_bytes(bytes);
 }
 
+/// A whole number may be written with a fraction of zeros.
 std::int64_t whole_number(Json const& value, std::string const& pointer, std::int64_t lowest,
                           std::int64_t highest) {
-    if (!value.is_number_integer())
+    auto const number = value.is_number() ? value.get<long double>() : 0.5L;
+    if (number != std::floor(number))
         throw BadJson(pointer, "pitäisi olla kokonaisluku");
-    bool const fits =
-        value.is_number_unsigned()
-            ? value.get<std::uint64_t>() <= static_cast<std::uint64_t>(highest)
-            : value.get<std::int64_t>() >= lowest && value.get<std::int64_t>() <= highest;
-    if (!fits)
+    if (number < static_cast<long double>(lowest) || number > static_cast<long double>(highest))
         throw BadJson(pointer, "luku ei mahdu korttiin");
-    return value.get<std::int64_t>();
+    return static_cast<std::int64_t>(number);
+}
+
+bool flag_number(Json const& value, std::string const& pointer) {
+    if (value != 0 && value != -1)
+        throw BadJson(pointer, "pitäisi olla -1 tai 0");
+    return value != 0;
 }
 
 float real_number(Json const& value, std::string const& pointer) {
     if (!value.is_number())
         throw BadJson(pointer, "pitäisi olla luku");
+    float number = 0;
     try {
-        return to_single(value.get<double>());
+        number = to_single(value.get<double>());
     } catch (RuntimeError const&) {
         throw BadJson(pointer, "luku ei mahdu korttiin");
     }
+    // Wide enough for whole numbers of 64 bits too.
+    if (value.get<long double>() != static_cast<long double>(number))
+        throw BadJson(pointer, "luku on liian tarkka, kortissa on siitä noin 7 numeroa");
+    return number;
 }
 
 double date_number(Json const& value, std::string const& pointer) {
@@ -108,7 +117,7 @@ void take_value(MemberRef const& member, Json const& value, std::string const& p
     std::visit(Overloaded{
                    [&](FixedTextRef text) { take_text(text, value, pointer); },
                    [&](Integer* number) { *number = whole_number(value, pointer, -32768, 32767); },
-                   [&](Flag* flag) { *flag = whole_number(value, pointer, -1, 0) != 0; },
+                   [&](Flag* flag) { *flag = flag_number(value, pointer); },
                    [&](Colour* colour) {
                        *colour = static_cast<Colour>(
                            whole_number(value, pointer, -2147483648LL, 2147483647LL));
@@ -208,6 +217,12 @@ class StrictMembers {
         }
     }
 
+    /// Where a value stands of which the parser could make nothing.
+    std::string pointer_of_next() {
+        count_element();
+        return pointer();
+    }
+
   private:
     static constexpr std::size_t deepest = 4; // the card, its fields, one of them, and one more
     struct Open {
@@ -304,7 +319,7 @@ Json parse_json(std::string_view text) {
     } catch (Json::parse_error const& error) {
         throw BadJson("", "ei ole JSONia, virhe tavun " + std::to_string(error.byte) + " kohdalla");
     } catch (Json::exception const&) {
-        throw BadJson("", "ei ole JSONia, luku on liian suuri");
+        throw BadJson(members.pointer_of_next(), "luku on liian suuri");
     }
 }
 

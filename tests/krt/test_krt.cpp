@@ -178,18 +178,6 @@ TEST_F(Krt, ARepairedFileKeepsItsRights) {
     EXPECT_TRUE(bytes_of(folder / "k.krt") == broken);
 }
 
-TEST_F(Krt, JsonAndBackGivesTheSameFile) {
-    for (auto const* const name : {"asiakkaat.krt", "jasenet.krt", "kolmesataa.krt", "laskut.krt",
-                                   "sukukirja.krt", "tuotteet.krt"}) {
-        take(name);
-        ASSERT_EQ(run(std::string("json ") + name, " && cp out kortti.json"), 0);
-        auto const json = Json::parse(out);
-        EXPECT_FALSE(json["card"].contains("fields"));
-        EXPECT_EQ(run("make kortti.json -o uusi.krt"), 0) << err;
-        EXPECT_TRUE(bytes_of(folder / "uusi.krt") == bytes_of(folder / name)) << name;
-    }
-}
-
 TEST_F(Krt, DiffTellsWhatHasChangedByMeaning) {
     auto const card = take("vanha.krt");
     EXPECT_EQ(run("diff vanha.krt vanha.krt"), 0);
@@ -267,44 +255,6 @@ TEST_F(Krt, ACardReadOtherwiseThanItStandsIsTold) {
     EXPECT_EQ(run("check --json v.krt"), 2);
     EXPECT_NE(Json::parse(out)["findings"][0]["text"].get<std::string>().find("luku ei mahdu"),
               std::string::npos);
-}
-
-TEST_F(Krt, MakeNamesThePlaceOfWhatIsWrong) {
-    ASSERT_EQ(run("json " + take("vanha.krt")), 0);
-    auto const good = Json::parse(out);
-    auto const refusal = [&](char const* pointer, Json const& value) {
-        auto changed = good;
-        changed[Json::json_pointer(pointer)] = value;
-        write("k.json", changed.dump());
-        EXPECT_EQ(run("make k.json -o uusi.krt"), 2);
-        EXPECT_FALSE(fs::exists(folder / "uusi.krt"));
-        return err;
-    };
-    for (auto const& [pointer, value] :
-         std::initializer_list<std::pair<char const*, Json>>{{"/card/width", "300"},
-                                                             {"/card/width", 59},
-                                                             {"/card/vieras", 1},
-                                                             {"/card/dateStyle/3", 9},
-                                                             {"/card/editDate", "2004-13-01"},
-                                                             {"/fields/1/left", 1e99},
-                                                             {"/fields/1/left", 40000},
-                                                             {"/fields/0/caption", "kaksi\nriviä"},
-                                                             {"/fields/0/caption", "日本"},
-                                                             {"/fields/2/fontBold", 1}})
-        EXPECT_NE(refusal(pointer, value).find(pointer), std::string::npos) << pointer << err;
-    auto lacking = good;
-    lacking["fields"][0].erase("tabIndex");
-    write("k.json", lacking.dump());
-    EXPECT_EQ(run("make k.json"), 2);
-    EXPECT_NE(err.find("/fields/0/tabIndex"), std::string::npos);
-    for (auto const& [text, what] :
-         {std::pair("{", "ei ole JSONia, virhe tavun 2 kohdalla"),
-          {R"({"fields": [{}, {"a": 1, "a": 1}]})", "/fields/1/a: on kahdesti"},
-          {"[[[[[", "on liian syvä"}}) {
-        write("k.json", text);
-        EXPECT_EQ(run("make k.json"), 2);
-        EXPECT_NE(err.find(what), std::string::npos) << err;
-    }
 }
 
 TEST_F(Krt, EveryFindingAndCheckHasItsName) {

@@ -7,7 +7,7 @@
 #include "card/linking.h"
 
 #include <algorithm>
-#include <functional>
+#include <optional>
 
 namespace krt {
 
@@ -103,15 +103,29 @@ Json difference(int first, int second, std::string_view member, Json const& befo
     return found;
 }
 
+/// What git names where a file was added or deleted.
+constexpr std::string_view no_file = "/dev/null";
+
+/// One of the two files; an empty card where there is none.
+struct Side {
+    bool is_there = false;
+    CardData card = {};
+};
+
 class Comparison {
   public:
-    Comparison(CardData& first, CardData& second)
-        : first_(first), second_(second), pairs_(pair_fields(first, second)) {
-        auto const before = card_to_json(first);
-        auto const after = card_to_json(second);
-        for (auto const& [name, value] : before["card"].items())
-            if (!is_of_the_save(name) && !is_same(name, value, after["card"][name]))
-                found_.push_back(difference(0, 0, name, value, after["card"][name]));
+    Comparison(Side& one, Side& other)
+        : first_(one.card), second_(other.card), pairs_(pair_fields(first_, second_)) {
+        auto const& first = first_;
+        auto const& second = second_;
+        auto const before = card_to_json(first_);
+        auto const after = card_to_json(second_);
+        if (one.is_there && other.is_there)
+            compare_cards(before["card"], after["card"]);
+        else if (one.is_there)
+            found_.push_back({{"removed", before["card"]}});
+        else if (other.is_there)
+            found_.push_back({{"added", after["card"]}});
         for (int i = 1; i <= first.card.fields; ++i)
             compare_field(i, before["fields"], after["fields"]);
         for (int j = 1; j <= second.card.fields; ++j)
@@ -123,6 +137,12 @@ class Comparison {
 
   private:
     static std::size_t at(int number) { return static_cast<std::size_t>(number) - 1; }
+
+    void compare_cards(Json const& before, Json const& after) {
+        for (auto const& [name, value] : before.items())
+            if (!is_of_the_save(name) && !is_same(name, value, after[name]))
+                found_.push_back(difference(0, 0, name, value, after[name]));
+    }
 
     void compare_field(int i, Json const& before, Json const& after) {
         int const j = pairs_.of_first[static_cast<std::size_t>(i)];
@@ -169,6 +189,14 @@ std::string in_words(Json const& one, CardData const& first, CardData const& sec
         return (kind ? " " + std::string(kind->word) : "") +
                (caption.empty() ? "" : " ”" + caption + "”");
     };
+    bool const of_field = one.contains("field") || one.contains("now");
+    auto const card = [](Json const& whole) {
+        return "kortti ”" + plain(whole["name"].get<std::string>()) + "”";
+    };
+    if (!of_field && one.contains("added"))
+        return "uusi " + card(one["added"]);
+    if (!of_field && one.contains("removed"))
+        return card(one["removed"]) + " on poissa";
     if (one.contains("added")) {
         int const number = one["now"];
         return "uusi kenttä " + std::to_string(number) + name(second, number);
@@ -182,36 +210,38 @@ std::string in_words(Json const& one, CardData const& first, CardData const& sec
         return text + " on poissa";
     if (one["member"] == "number")
         return text + " on nyt " + one["after"].dump();
-    return text + ": " + one["member"].get<std::string>() + " " + one["before"].dump() + " -> " +
-           one["after"].dump();
+    return text + ": " + one["member"].get<std::string>() + " " + plain(one["before"].dump()) +
+           " -> " + plain(one["after"].dump());
+}
+
+/// Nothing, with a complaint, where there is something else than a card.
+std::optional<Side> read_side(std::string const& file, Status& status) {
+    if (file == no_file)
+        return Side{};
+    auto const bytes = read_bytes(file);
+    auto reading = bytes ? Reader{Pictures::kept}.read(file, *bytes) : std::nullopt;
+    if (!reading)
+        return std::nullopt;
+    auto const linking = kehystin::link_card(reading->data);
+    if (linking.failure)
+        complain(file, text_of(*linking.failure));
+    if (!tell_faults(file, *reading) || linking.failure)
+        status = Status::findings;
+    return Side{true, std::move(reading->data)};
 }
 
 } // namespace
 
 Status diff(std::string const& first, std::string const& second, Form form) {
     auto status = Status::quiet;
-    std::optional<kehystin::Reading> readings[2];
-    for (auto const& [file, reading] : {std::pair(std::cref(first), std::ref(readings[0])),
-                                        std::pair(std::cref(second), std::ref(readings[1]))}) {
-        auto const bytes = read_bytes(file);
-        if (bytes)
-            reading.get() = Reader{Pictures::kept}.read(file, *bytes);
-        if (!reading.get())
-            continue;
-        auto& read = *reading.get();
-        auto const linking = kehystin::link_card(read.data);
-        if (linking.failure)
-            complain(file, text_of(*linking.failure));
-        if (!tell_faults(file, read) || linking.failure)
-            status = Status::findings;
-        read.findings = {}; // they may be many, and the other card needs room too
-    }
-    if (!readings[0] || !readings[1])
+    auto before = read_side(first, status);
+    auto after = read_side(second, status);
+    if (!before || !after)
         return Status::failed;
-    auto& before = readings[0]->data;
-    auto& after = readings[1]->data;
-    Comparison const comparison(before, after);
-    bool const another = kehystin::is_another_card(before, after);
+    Comparison const comparison(*before, *after);
+    bool const both = before->is_there && after->is_there;
+    bool const another = both ? kehystin::is_another_card(before->card, after->card)
+                              : before->is_there || after->is_there;
     auto const& found = comparison.found();
     if (form == Form::json) {
         Json const told = {{"before", first},
@@ -221,8 +251,8 @@ Status diff(std::string const& first, std::string const& second, Form form) {
         print(told.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n");
     } else {
         for (auto const& one : found)
-            print(in_words(one, before, after) + "\n");
-        if (another && !found.empty())
+            print(in_words(one, before->card, after->card) + "\n");
+        if (both && another && !found.empty())
             print("kortista on tullut toinen kortti\n");
     }
     return found.empty() ? status : Status::findings;

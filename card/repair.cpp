@@ -75,7 +75,8 @@ void CardRepair::store_picture(Place const& place) {
         return;
     }
     reading_.missing_picture = expanded;
-    tell(Finding::What::missing_picture, place, {});
+    tell(Finding::What::missing_picture,
+         {place.judged, place.repair, place.number, place.key, path}, {});
 }
 
 void CardRepair::store_id(Place const& place, FixedTextRef member) {

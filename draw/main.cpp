@@ -44,12 +44,16 @@ constexpr std::int64_t most_of_pictures = 8 * desktop::megapixel;
 constexpr std::int64_t most_of_pictures_in_pdf =
     6 * desktop::megapixel; // each is taken apart first
 
-/// In one line, whatever stands in a box or in the name of a picture.
-void complain(std::string const& name, std::string const& what) {
-    auto words = desktop::toQt(what).simplified();
+/// In one line, whatever stands in it.
+std::string plain(std::string const& text) {
+    auto words = desktop::toQt(text).simplified();
     words.removeIf([](QChar letter) { return letter.category() == QChar::Other_Control; });
-    std::fprintf(stderr, "krt: %s: %s\n", name == "-" ? "vakiosyöte" : name.c_str(),
-                 words.toUtf8().constData());
+    return words.toStdString();
+}
+
+void complain(std::string const& name, std::string const& what) {
+    std::fprintf(stderr, "krt: %s: %s\n", name == "-" ? "vakiosyöte" : plain(name).c_str(),
+                 plain(what).c_str());
 }
 
 std::optional<Wanted> wanted_by(int argc, char* argv[]) {

@@ -30,7 +30,7 @@ Checked check_card(kehystin::Reading reading) {
 
 std::string line_of(std::string const& file, int field, std::string const& text) {
     auto const place = field == 0 ? "" : "field " + std::to_string(field) + ": ";
-    return plain(file) + ": " + place + text + "\n";
+    return shown_name(file) + ": " + place + text + "\n";
 }
 
 std::string as_text(std::string const& file, Checked const& checked) {

@@ -111,9 +111,13 @@ Status each(Files const& files, std::function<Status(std::string const&)> const&
     return status;
 }
 
+std::string shown_name(std::string const& file) {
+    return file == "-" ? "vakiosyöte" : plain(file);
+}
+
 void complain(std::string const& file, std::string_view what) {
-    std::fprintf(stderr, "krt: %s: %.*s\n", file == "-" ? "vakiosyöte" : plain(file).c_str(),
-                 static_cast<int>(what.size()), what.data());
+    std::fprintf(stderr, "krt: %s: %.*s\n", shown_name(file).c_str(), static_cast<int>(what.size()),
+                 what.data());
 }
 
 std::optional<std::string> read_bytes(std::string const& file) {
@@ -173,8 +177,32 @@ bool tell_faults(std::string const& file, kehystin::Reading const& reading) {
     return faults.empty();
 }
 
+namespace {
+
+/// The first failure of standard output; what follows it says nothing any more.
+int output_error = 0;
+
+void note_output(bool done) {
+    if (!done && output_error == 0)
+        output_error = errno;
+    if (output_error == EPIPE)
+        throw NobodyReads();
+}
+
+} // namespace
+
 bool print(std::string_view text) {
-    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+    if (output_error == 0)
+        note_output(std::fwrite(text.data(), 1, text.size(), stdout) == text.size());
+    return output_error == 0;
+}
+
+bool finish_output() {
+    if (output_error == 0)
+        note_output(std::fflush(stdout) == 0);
+    if (output_error != 0)
+        complain("vakiotuloste", "ei voi kirjoittaa: " + fault_of(output_error));
+    return output_error == 0;
 }
 
 namespace {

@@ -29,6 +29,9 @@ class SampleFont {
     std::string name_ = "MS Sans Serif";
 };
 
+/// What a line for people calls a file.
+std::string shown_name(std::string const& file);
+
 /// A line on standard error: the file and what is wrong with it.
 void complain(std::string const& file, std::string_view what);
 
@@ -52,8 +55,16 @@ struct Reader {
 /// True where there is nothing to say.
 bool tell_faults(std::string const& file, kehystin::Reading const& reading);
 
-/// Writes standard output. False where nobody reads it any more.
+/// Ends whatever the program is doing: standard output is a pipe that has been closed. It is no
+/// failure of a file, nor worth a word.
+struct NobodyReads {};
+
+/// Writes standard output. False where it cannot be written, which finish_output tells; raises
+/// NobodyReads.
 bool print(std::string_view text);
+/// Writes what print has kept back. False, with a complaint, where anything was not written; raises
+/// NobodyReads.
+bool finish_output();
 
 /// False, with a complaint, where the target is the file from which it would be made, by whatever
 /// name.

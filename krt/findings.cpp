@@ -82,7 +82,7 @@ std::string text_of(Finding const& finding) {
     case Finding::What::cut:
         return finding.key + ": liian pitkä teksti " + quoted(finding.found) + " katkaistaan";
     case Finding::What::missing_picture:
-        return "taustakuva " + quoted(base::Trim(finding.found)) + " puuttuu";
+        return "taustakuva " + quoted(finding.found) + " puuttuu";
     }
     return {};
 }

@@ -22,7 +22,7 @@ std::string as_text(std::string const& file, kehystin::CardData const& card,
     }
     std::string text;
     for (auto const& [title, data] : lines)
-        text += plain(file) + ": " + std::to_string(title) + " " +
+        text += shown_name(file) + ": " + std::to_string(title) + " " +
                 plain(card.field(title).caption.trimmed()) + ": " + data + "\n";
     return text;
 }

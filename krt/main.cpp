@@ -5,8 +5,6 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
 #include <functional>
 #include <iostream>
 #include <malloc.h>
@@ -76,6 +74,12 @@ void take_as_given(Wanted& wanted) {
         take(*name);
 }
 
+/// Where a command writes; nothing is no file.
+CLI::Option& add_output(CLI::App& command, std::string& file, char const* what, char const* type) {
+    auto const is_given = [](std::string const& name) { return name.empty() ? "-o" : ""; };
+    return *command.add_option("-o", file, what)->type_name(type)->check(is_given, "");
+}
+
 /// What is wrong with the command line.
 std::string fault_of(CLI::Error const& error) {
     if (dynamic_cast<CLI::RequiredError const*>(&error))
@@ -86,6 +90,8 @@ std::string fault_of(CLI::Error const& error) {
         return "valitsimet eivät sovi yhteen";
     if (dynamic_cast<CLI::ArgumentMismatch const*>(&error))
         return "tiedostoja tai valitsimia on väärä määrä";
+    if (dynamic_cast<CLI::ValidationError const*>(&error))
+        return "-o ei voi olla tyhjä";
     if (dynamic_cast<CLI::ConversionError const*>(&error))
         return "valitsimen arvo ei ole luku";
     return "komento on virheellinen";
@@ -108,7 +114,8 @@ class Help : public CLI::Formatter {
         return (type.empty() ? "" : " " + type) + repeated(*option);
     }
     std::string make_option_usage(CLI::Option const* option) const override {
-        return option->get_name(true) + repeated(*option);
+        auto const name = option->get_name(true) + repeated(*option);
+        return option->get_required() ? name : "[" + name + "]";
     }
     std::string make_footer(CLI::App const* program) const override {
         return CLI::Formatter::make_footer(program) + "\n";
@@ -137,15 +144,6 @@ void speak_finnish(CLI::App& program) {
     });
 }
 
-/// What nobody reads any more is no fault worth a word.
-bool flush_output() {
-    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
-        return true;
-    if (errno != EPIPE)
-        krt::complain("vakiotuloste", "ei voi kirjoittaa");
-    return false;
-}
-
 void add_commands(CLI::App& program, Wanted& wanted) {
     auto const* const cards = "korttitiedostoja, - on vakiosyöte";
     auto const* const card = "korttitiedosto, - on vakiosyöte";
@@ -160,7 +158,7 @@ void add_commands(CLI::App& program, Wanted& wanted) {
                                [&] { return krt::repair(files, wanted.repair); });
     auto* const in_place = repair.add_flag("--in-place", wanted.repair.in_place,
                                            "tiedoston itsensä päälle, vanha jää nimelle FILE~");
-    repair.add_option("-o", wanted.repair.file, to_file)->type_name("X.krt")->excludes(in_place);
+    add_output(repair, wanted.repair.file, to_file, "X.krt").excludes(in_place);
     repair.add_flag("--always", wanted.repair.always, "myös kun korjattavaa ei ole");
 
     add_json(add_command(program, wanted, "links", "luettelee linkit", cards,
@@ -179,14 +177,13 @@ void add_commands(CLI::App& program, Wanted& wanted) {
     auto& make = add_command(
         program, wanted, "make", "tekee kortin JSONista", "JSON-tiedosto, - on vakiosyöte",
         [&] { return krt::make(files.front(), wanted.output); }, 1);
-    make.add_option("-o", wanted.output, to_file)->type_name("X.krt");
+    add_output(make, wanted.output, to_file, "X.krt");
 
     auto& draw = add_command(
         program, wanted, "draw", "piirtää kortin kuvaksi", card,
         [&] { return krt::draw(files.front(), wanted.drawing); }, 1);
-    draw.add_option("-o", wanted.drawing.file, "kuvaan, - on PNG tulosteeseen")
-        ->required()
-        ->type_name("X.png|.svg|.pdf");
+    add_output(draw, wanted.drawing.file, "kuvaan, - on PNG tulosteeseen", "X.png|.svg|.pdf")
+        .required();
     draw.add_flag("--links", wanted.drawing.links, "myös linkkien viivat");
     draw.add_option("--scale", wanted.drawing.scale,
                     "kuvan pikseleitä kortin pikseliä kohti, 0.25 - 8")
@@ -195,12 +192,12 @@ void add_commands(CLI::App& program, Wanted& wanted) {
     auto& form = add_command(
         program, wanted, "form", "tekee kortista sivun selaimeen", card,
         [&] { return krt::form(files.front(), wanted.output); }, 1);
-    form.add_option("-o", wanted.output, to_file)->type_name("X.html");
+    add_output(form, wanted.output, to_file, "X.html");
 
     auto& rescue = *program.add_subcommand("rescue", "luettelee pelastetut kortit tai hakee yhden")
                         ->group(commands_group);
     rescue.add_option("NIMI", wanted.files, "luettelossa oleva nimi")->type_name("")->expected(1);
-    rescue.add_option("-o", wanted.output, to_file)->type_name("X.krt");
+    add_output(rescue, wanted.output, to_file, "X.krt");
     rescue.callback(
         [&] { wanted.command = [&] { return krt::rescue_cards(files, wanted.output); }; });
 
@@ -236,7 +233,9 @@ int main(int argc, char* argv[]) {
     }
     try {
         auto const status = wanted.command();
-        return static_cast<int>(flush_output() ? status : Status::failed);
+        return static_cast<int>(krt::finish_output() ? status : Status::failed);
+    } catch (krt::NobodyReads const&) {
+        return static_cast<int>(Status::failed);
     } catch (std::bad_alloc const&) {
         std::cerr << "krt: muisti ei riitä\n";
         return static_cast<int>(Status::failed);

@@ -14,8 +14,8 @@ namespace {
 
 Status repair_file(std::string const& file, RepairTarget const& target) {
     std::error_code unknown;
-    if (target.in_place && file != "-" && std::filesystem::exists(file, unknown) &&
-        !std::filesystem::is_regular_file(file, unknown)) {
+    if (target.in_place && (file == "-" || (std::filesystem::exists(file, unknown) &&
+                                            !std::filesystem::is_regular_file(file, unknown)))) {
         complain(file, "ei ole tavallinen tiedosto");
         return Status::failed;
     }
@@ -38,7 +38,7 @@ Status repair_file(std::string const& file, RepairTarget const& target) {
     // A picture that is missing changes nothing in the file, and nothing is kept of it.
     if (target.in_place && written == *bytes)
         return status;
-    if (target.in_place && file != "-")
+    if (target.in_place)
         return write_whole(file, written, true) ? status : Status::failed;
     if (!target.file.empty())
         return write_whole(target.file, written) ? status : Status::failed;

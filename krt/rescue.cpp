@@ -1,7 +1,10 @@
 #include "krt/commands.h"
 #include "krt/files.h"
+#include "krt/findings.h"
 
 #include "rescue/store.h"
+
+#include <filesystem>
 
 namespace krt {
 
@@ -19,11 +22,22 @@ char const* name_of(rescue::What kind) {
     return "";
 }
 
+/// A folder that is not there is one where nothing has been kept yet.
+bool is_readable(std::string const& folder) {
+    std::error_code fault;
+    std::filesystem::directory_iterator const first(folder, fault);
+    return !fault || fault == std::errc::no_such_file_or_directory;
+}
+
 Status list(rescue::Store const& store) {
+    if (store.keeps() && !is_readable(store.folder())) {
+        complain(store.folder(), "ei voi lukea");
+        return Status::failed;
+    }
     auto const found = rescue::look_for_rescues(store);
     for (auto const& [name, one] : found.rescues)
-        print(name + ": " + rescue::time_text(one.time) + ", " + name_of(one.kind) + ", " +
-              (one.file.empty() ? "uusi kortti" : one.file) + "\n");
+        print(plain(name) + ": " + rescue::time_text(one.time) + ", " + name_of(one.kind) + ", " +
+              (one.file.empty() ? "uusi kortti" : plain(one.file)) + "\n");
     for (auto const& name : found.unknown)
         complain(store.folder() + name, "ei ole pelastettu kortti, tai on vahingoittunut");
     return found.rescues.empty() && found.unknown.empty() ? Status::quiet : Status::findings;

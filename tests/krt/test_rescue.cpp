@@ -18,4 +18,14 @@ TEST_F(Krt, RescueListsAndFetchesWhatWasKept) {
     EXPECT_TRUE(bytes_of(folder / "x.krt") == kept);
     EXPECT_EQ(run("rescue rikki.work"), 2);
     EXPECT_EQ(store.names().size(), 2U);
+    store.put("\x1b[31m.work",
+              to_file(rescue::Rescue{rescue::What::work, "/koti/\x1b.krt", rescue::time_of(38124.5),
+                                     2, false, 0, kept}));
+    EXPECT_EQ(run("rescue"), 1);
+    EXPECT_EQ(out.find('\x1b'), std::string::npos) << out;
+    // What cannot be looked into is not empty.
+    fs::remove_all(folder / "kehystin");
+    write("kehystin", "");
+    EXPECT_EQ(run("rescue"), 2);
+    EXPECT_NE(err, "");
 }

@@ -160,6 +160,7 @@ void add_commands(CLI::App& program, Wanted& wanted) {
                                            "tiedoston itsensä päälle, vanha jää nimelle FILE~");
     add_output(repair, wanted.repair.file, to_file, "X.krt").excludes(in_place);
     repair.add_flag("--always", wanted.repair.always, "myös kun korjattavaa ei ole");
+    repair.footer("Kortin vieressä olevan taustakuvan \"+\" säilyy, ja puuttuvan kuvan polku.");
 
     add_json(add_command(program, wanted, "links", "luettelee linkit", cards,
                          [&] { return krt::links(files, wanted.form()); }),

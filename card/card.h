@@ -6,6 +6,7 @@
 #include "card/member_ref.h"
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -96,6 +97,8 @@ struct CardData {
     Card card;
     std::vector<Field> fields = std::vector<Field>(1);
 
+    /// How many fields the card says it has; none where it says less than none.
+    std::size_t count() const;
     /// A field by number; raises subscript_out_of_range outside 0 to the array's end.
     Field& field(int number);
     Field const& field(int number) const;

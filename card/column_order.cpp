@@ -26,8 +26,7 @@ std::vector<double> numbers_of(std::string_view list) {
 /// Old numbers in their new order, and the new number of each.
 class NewOrder {
   public:
-    explicit NewOrder(CardData const& card)
-        : new_number_(static_cast<std::size_t>(int{card.card.fields}) + 1, 0) {}
+    explicit NewOrder(CardData const& card) : new_number_(card.count() + 1, 0) {}
 
     bool has(int number) const { return new_number_[static_cast<std::size_t>(number)] != 0; }
     void append(int number) {
@@ -111,6 +110,7 @@ void reorder(CardData& card, NewOrder const& order) {
 } // namespace
 
 void order_columns(CardData& card, std::span<int const> titles) {
+    card.field(static_cast<int>(card.count())); // raises here or nowhere
     NewOrder order(card);
     std::vector<MovedTitle> moved;
     for (int const title : titles)

@@ -1,5 +1,5 @@
-// The eight kinds of field, a row each: all that tells them apart but their objects and mouse zones
-// (surface/) and their rows in the panel (forms/panel_rows).
+// The eight kinds of field, a row each: all that tells them apart in a card and in what shows it,
+// but for the objects of a window.
 #pragma once
 
 #include "base/colour.h"

@@ -90,7 +90,7 @@ Linking link_card(CardData& data, int reach) {
     Linking linking;
     // All memory first: without it the links stay as they are.
     TitleSearch const search(data, reach);
-    linking.links.reserve(static_cast<std::size_t>(int{data.card.fields}));
+    linking.links.reserve(data.count());
     try {
         clear_links(data);
         link_fields(data, search, linking.links);

@@ -114,7 +114,7 @@ void write_field(std::string& out, Field& one, int number) {
 std::string write_card(CardData& data) {
     constexpr std::size_t usual_field = 1000; // bytes
     std::string out;
-    out.reserve(static_cast<std::size_t>(int{data.card.fields} + 3) * usual_field);
+    out.reserve((data.count() + 3) * usual_field);
     write_banner(out);
     write_card_record(out, data.card);
     for (int i = 1; i <= data.card.fields; ++i)

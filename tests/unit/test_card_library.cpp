@@ -94,6 +94,25 @@ TEST(CardLibrary, TwoCardsAreLinkedAndCheckedSideBySide) {
     EXPECT_EQ(other.field(11).caption.trimmed(), "Huomautuksia");
 }
 
+TEST(CardLibrary, ACardThatSaysNonsenseIsHarmless) {
+    for (int const fields : {-1, -2, -30000}) {
+        auto card = read(example("vanha.krt")).data;
+        card.card.fields = fields;
+        EXPECT_TRUE(link_card(card).links.empty());
+        order_columns(card, std::vector{1});
+        EXPECT_TRUE(is_same_card(card, card));
+        EXPECT_TRUE(write_card(card).ends_with("[FIELDS]\r\n"));
+    }
+    auto card = read(example("vanha.krt")).data;
+    card.card.fields = 300;
+    auto const before = card;
+    EXPECT_THROW(link_card(card), RuntimeError);
+    EXPECT_THROW(order_columns(card, std::vector{1}), RuntimeError);
+    EXPECT_TRUE(card.fields == before.fields);
+    card.card.fields = 12;
+    EXPECT_THROW(link_card(card, 40000), RuntimeError);
+}
+
 TEST(CardLibrary, AKeyIsFoundWhereverItStandsAgain) {
     std::string bytes;
     std::vector<std::size_t> places;

@@ -58,13 +58,4 @@ TEST_F(Links, ALineCountsAlsoWhereItsEndsCannotBeComputed) {
     EXPECT_EQ(group_of(2), "");
 }
 
-TEST_F(Links, AListThatIsFullIsCutInTheMiddleOfANumber) {
-    add_field(Style::OTS, 0, 0, 900, 16, "Kaikki");
-    for (int i = 0; i < 150; ++i)
-        add_field(Style::TXT, 0, 20 + i, 50, 20);
-    show();
-    EXPECT_EQ(session.link_count, 150);
-    EXPECT_EQ(list_of(1).size(), 400U);
-}
-
 } // namespace kehystin

@@ -55,30 +55,6 @@ TEST_F(SaveChecks, ATransparentTitleIsOpaqueOnlyWhileItIsMarked) {
     EXPECT_EQ(field(1).value.trimmed(), "NOLINK");
 }
 
-TEST_F(SaveChecks, LabelsThatDoNotShowAreAskedAbout) {
-    add_field(Style::CHK, 10, 10, 24, 16, "Kapea");
-    add_field(Style::OPT, 10, 40, 25, 16, "Leveä");
-    add_field(Style::OPT, 10, 70, 90, 16, " ");
-    add_field(Style::TXT, 10, 100, 10, 16, "");
-    ASSERT_TRUE(load_card());
-    host.answers.push_back(Answer::no);
-    EXPECT_FALSE(chk_selots());
-    EXPECT_EQ(red, "1 3 ");
-}
-
-TEST_F(SaveChecks, OnlyLinkedTitlesOfOneCaptionAreTheSame) {
-    for (int i = 0; i < 3; ++i) {
-        add_field(Style::OTS, 10, 10 + 50 * i, 80, 16, i == 1 ? "NIMI " : "Nimi");
-        add_field(Style::TXT, 100, 10 + 50 * i, 80, 16);
-    }
-    add_field(Style::OTS, 300, 480, 80, 16, "Nimi");
-    field(5).value = "NOLINK";
-    ASSERT_TRUE(load_card());
-    host.answers.push_back(Answer::yes);
-    EXPECT_TRUE(chk_sameots());
-    EXPECT_EQ(red, "1 3 ");
-}
-
 TEST_F(SaveChecks, FiftyColumnsPassAndFiftyOneAsk) {
     host.on_box = nullptr; // no surface is needed to count
     for (int i = 0; i < 51; ++i)

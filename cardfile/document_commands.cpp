@@ -305,7 +305,7 @@ void cmdTallennaNimella_Click() {
         session.cardFile = chosen;
         may_replace(chosen);
         cmdTallenna_Click();
-        may_replace({}); // a later save is another question
+        forget_agreement(); // a later save is another question
     } catch (RuntimeError const& error) {
         if (!error.is(ErrorNumber::cancelled))
             MsgBox(lines({error.text(), support_lines()}), box::warning,

@@ -20,7 +20,12 @@ struct KnownFile {
 };
 
 KnownFile known;
-std::string replaceable;
+/// What the user has agreed to replace.
+struct Replaceable {
+    std::string path;
+    std::optional<std::string> bytes;
+};
+Replaceable replaceable;
 
 bool holds_what_is_known(std::string const& path, std::string_view bytes) {
     return path == known.path && rescue::checksum(bytes) == known.sum;
@@ -48,37 +53,60 @@ std::uint64_t known_sum(std::string const& path) {
     return path == known.path ? known.sum : 0;
 }
 
-void know_what_is_left(std::string const& path) {
-    if (auto const bytes = rescue::bytes_on_disk(path))
-        know_file(path, *bytes);
+void know_what_is_left(std::string const& path, std::string_view bytes) {
+    auto const held = rescue::bytes_on_disk(path);
+    if (held && bytes.starts_with(*held))
+        know_file(path, *held);
 }
 
 void may_replace(std::string const& path) {
-    replaceable = path;
+    replaceable = {path, rescue::bytes_on_disk(path)};
+}
+
+void forget_agreement() {
+    replaceable = {};
 }
 
 void forget_known_file() {
     known = {};
-    replaceable.clear();
+    replaceable = {};
 }
 
-bool may_save_over(std::string const& path) {
-    auto const agreed = std::exchange(replaceable, {});
-    if (agreed == path)
-        return true;
-    auto const held = rescue::bytes_on_disk(path);
+namespace {
+
+/// Asks as far as the file, with these bytes, needs it.
+bool agrees(std::string const& path, std::optional<std::string> const& held) {
     if (!held)
-        return !rescue::is_there(path) || rescue::is_special(path) || // refused when it is opened
+        return !rescue::is_there(path) ||
                ask(path, " Tiedostoa ei voida lukea, joten ei tiedetä, mitä siinä on:     ");
-    if (!holds_what_is_known(path, *held))
+    if (!held->empty() && !holds_what_is_known(path, *held)) // an empty file is nobody's work
         return ask(path, path == known.path
                              ? " Toinen ohjelma on muuttanut tiedostoa sen avaamisen jälkeen:     "
                              : " Tiedostossa on toinen kortti kuin se, joka avattiin:     ");
-    if (!known.agreed && is_open_in_another_session(path)) {
+    if (!known.agreed && is_open_in_another_session(path))
         known.agreed = ask(path, " Tiedosto on auki myös toisessa Kehystimessä:     ");
-        return known.agreed;
+    else
+        return true;
+    return known.agreed;
+}
+
+} // namespace
+
+bool may_save_over(std::string const& path) {
+    auto const agreed = std::exchange(replaceable, {});
+    if (rescue::is_special(path))
+        return true; // refused when it is opened
+    auto held = rescue::bytes_on_disk(path);
+    if (agreed.path == path && agreed.bytes == held)
+        return true;
+    // A box may stand for hours.
+    while (agrees(path, held)) {
+        auto now = rescue::bytes_on_disk(path);
+        if (now == held)
+            return true;
+        held = std::move(now);
     }
-    return true;
+    return false;
 }
 
 } // namespace kehystin

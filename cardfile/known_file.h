@@ -14,10 +14,14 @@ void know_file(std::string const& path, std::string_view bytes);
 std::uint64_t known_sum(std::string const& path);
 /// Knows it by that.
 void know_sum(std::string const& path, std::uint64_t sum);
-/// The session itself has left there whatever there is now.
-void know_what_is_left(std::string const& path);
-/// The user was asked just now, by the file dialog, whether this file may be replaced.
+/// A save of these bytes into the file has failed: what it has left there is known, and not what
+/// somebody else has put there since.
+void know_what_is_left(std::string const& path, std::string_view bytes);
+/// The file dialog has asked just now whether this file may be replaced, as it stands at this
+/// moment; where there is none there was nothing to ask.
 void may_replace(std::string const& path);
+/// A later save is another question.
+void forget_agreement();
 void forget_known_file();
 
 /// False when a file of that name holds something that this session neither read nor wrote, or when

@@ -1,6 +1,7 @@
 #include "cardfile/rescue_keeper.h"
 
 #include "model/session.h"
+#include "rescue/rescue.h"
 
 #include <utility>
 
@@ -24,13 +25,14 @@ bool begin_keeping() {
     return true;
 }
 
-void put_beside(Rescue one, bool of_open_card) {
+void put_beside(Rescue one) {
     one.step = ++keeper->steps;
     auto name = rescue::name_beside(keeper->running->name(), ++keeper->numbers, one.kind);
     keeper->store.put(name, to_file(one));
+    auto const sum = rescue::checksum(one.bytes);
     auto const is_after = one.kind == What::after;
     keeper->beside.push_back({std::move(name), one.kind, std::move(one.file),
-                              is_after ? std::move(one.bytes) : std::string(), of_open_card});
+                              is_after ? std::move(one.bytes) : std::string(), sum});
 }
 
 } // namespace kehystin

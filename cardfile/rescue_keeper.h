@@ -34,10 +34,13 @@ struct Keeper {
         std::string name;
         rescue::What kind;
         std::string file;
-        std::string bytes;         ///< of the after side
-        bool of_open_card = false; ///< the next save of the open card makes it needless
+        std::string bytes;        ///< of the after side
+        std::uint64_t sum = 0;    ///< of the bytes
+        bool of_open_card = true; ///< the next save of the open card makes it needless
     };
     std::vector<Beside> beside;
+    /// Names of what was taken over from earlier sessions and is still theirs too: the disk failed.
+    std::vector<std::string> taken_over;
 };
 
 /// Null before the session has begun and after its end.
@@ -48,7 +51,7 @@ bool begin_keeping();
 
 /// Puts a rescue beside the unsaved card, under the next name of this session. Raises what the disk
 /// raises.
-void put_beside(rescue::Rescue one, bool of_open_card = false);
+void put_beside(rescue::Rescue one);
 
 /// Runs what needs the folder; a failure is remembered.
 template <class Work>

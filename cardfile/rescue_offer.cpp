@@ -37,11 +37,18 @@ std::optional<Offer> choose_offer() {
         return std::nullopt;
     if (found.rescues.empty())
         return Offer{{}, std::move(found.unknown)};
-    auto const own = std::find_if(found.rescues.begin(), found.rescues.end(), [](auto const& one) {
-        return !session.cardFile.empty() &&
-               rescue::one_name_of(one.rescue.file) == rescue::one_name_of(session.cardFile);
-    });
-    auto& chosen = own == found.rescues.end() ? found.rescues.front() : *own;
+    // Of the file that the session began with the card comes first, and what the file held before a
+    // save only when there is nothing newer. Who declines it again and again sees the others too.
+    auto const often = rescue::times_declined(found.rescues.front().name) + 1;
+    auto const rank = [&](rescue::Found const& one) {
+        bool const own =
+            rescue::times_declined(one.name) <= often && !session.cardFile.empty() &&
+            rescue::one_name_of(one.rescue.file) == rescue::one_name_of(session.cardFile);
+        return !own ? 2 : one.rescue.kind == What::before ? 1 : 0;
+    };
+    auto& chosen =
+        *std::min_element(found.rescues.begin(), found.rescues.end(),
+                          [&](auto const& a, auto const& b) { return rank(a) < rank(b); });
     return Offer{std::move(chosen), std::move(found.unknown)};
 }
 
@@ -74,6 +81,8 @@ void know_file_of(Rescue const& one, std::vector<rescue::Found> const& sides) {
         return;
     }
     auto const held = rescue::bytes_on_disk(one.file);
+    if (held && one.file_sum != 0 && rescue::checksum(*held) == one.file_sum)
+        return know_sum(one.file, one.file_sum);
     bool const is_own = held && std::any_of(sides.begin(), sides.end(), [&](auto const& side) {
                             return side.rescue.kind == What::after
                                        ? side.rescue.bytes.starts_with(*held)
@@ -113,20 +122,25 @@ bool loses_something(std::string_view kept, std::string_view taken) {
 void take_over(std::vector<rescue::Found> const& found, rescue::Found const& opened) {
     auto copy = open_card;
     auto const taken = write_card(copy);
-    bool const is_whole = !loses_something(opened.rescue.bytes, taken);
+    bool const is_whole = opened.rescue.kind == What::before || // as its file would have been read
+                          !loses_something(opened.rescue.bytes, taken);
     bool const is_needless = is_whole && opened.rescue.kind == What::work;
     bool kept = false;
     with_folder([&] {
         for (auto const& one : found)
             if (!is_needless || one.name != opened.name)
-                put_beside(one.rescue, true);
+                put_beside(one.rescue);
         kept = true;
     });
     keep_work_now(); // the disk has it from this session before it goes
-    if (!kept || !keeper->keeps_work || *keeper->failed)
-        return;
-    for (auto const& one : found)
-        keeper->store.remove(one.name);
+    bool const is_taken = kept && keeper->keeps_work && !*keeper->failed;
+    for (auto const& one : found) {
+        if (is_taken)
+            keeper->store.remove(one.name);
+        else
+            keeper->taken_over.push_back(one.name);
+    }
+    tell_failure_to_keep();
     if (!is_whole)
         MsgBox(lines({" Kaikkea pelastetusta kortista ei voitu ottaa mukaan.     ", "",
                       " Se säilyy kansiossa " + keeper->store.folder() + "     ",
@@ -137,6 +151,8 @@ void take_over(std::vector<rescue::Found> const& found, rescue::Found const& ope
 /// What the session of a rescue has left of that card: the rescue itself, and the sides of saves
 /// into its file.
 std::vector<rescue::Found> all_of(rescue::Found const& chosen) {
+    if (chosen.rescue.kind == What::before) // what is newer stays what it is
+        return {chosen};
     auto found = rescue::look_for_rescues(keeper->store).rescues;
     std::erase_if(found, [&](rescue::Found const& one) {
         return one.name != chosen.name &&
@@ -156,8 +172,10 @@ void open_offered(rescue::Found const& chosen) {
                box::information, " Pelastettu kortti");
         return;
     }
-    if (!open_kept_card(keeper->store.folder() + chosen.name, one.file, one.new_id))
+    if (!open_kept_card(keeper->store.folder() + chosen.name, one.file, one.new_id)) {
+        keeper->store.rename(chosen.name, rescue::name_of_declined(chosen.name));
         return;
+    }
     know_file_of(one, found);
     take_over(found, chosen);
 }

@@ -25,22 +25,8 @@ std::string name_of_work() {
     return rescue::name_of_work(keeper->running->name());
 }
 
-/// The first failure is told, the program works on.
-void tell_failure() {
-    if (!keeper || !*keeper->failed || std::exchange(keeper->failure_told, true))
-        return;
-    keeper->tells_failure = true;
-    MsgBox(lines({" Tallentamatonta korttia ei voida pitää tallessa kansiossa     ", "",
-                  " " + keeper->store.folder() + "     ", "",
-                  " Ohjelma toimii muuten tavalliseen tapaan, mutta keskeytyksen     ",
-                  " jälkeen tallentamattomat muutokset on tehtävä uudelleen.     ", ""}),
-           box::warning, " Tiedoksi");
-    keeper->tells_failure = false;
-}
-
 Rescue rescue_of_work() {
     auto copy = open_card;
-    auto const taken = write_card(copy);
     return {What::work,      session.cardFile,       rescue::time_of(Now()),
             ++keeper->steps, becomes_another_card(), known_sum(session.cardFile),
             write_card(copy)};
@@ -80,14 +66,48 @@ bool is_left_by_a_save(std::string const& file, std::string_view held) {
     });
 }
 
-/// What was kept of saves into a file, or of the card that has been saved into it, is not needed
-/// any more. The newer goes last: while it is there, the older is not needed.
-void drop_beside(std::string const& file) {
+bool is_one_file(std::string const& a, std::string const& b) {
+    return a == b || rescue::one_name_of(a) == rescue::one_name_of(b);
+}
+
+/// Whether the file still holds what it held before a save that failed.
+bool is_as_before(Keeper::Beside const& before) {
+    auto const held = rescue::bytes_on_disk(before.file);
+    return held && rescue::checksum(*held) == before.sum;
+}
+
+/// Forgets what is not needed any more, the oldest first: while the newer is there, the older is
+/// not needed.
+template <class IsNeedless>
+void drop_beside(IsNeedless const& is_needless) {
     std::erase_if(keeper->beside, [&](auto const& one) {
-        if (one.file != file && !one.of_open_card)
+        if (!is_needless(one))
             return false;
         keeper->store.remove(one.name);
         return true;
+    });
+}
+
+/// The open card lies in a file. What was kept of it goes, and of saves into that file; not what
+/// another file held that lies in pieces.
+void drop_saved(std::string const& file) {
+    drop_beside([&](Keeper::Beside const& one) {
+        return is_one_file(one.file, file) ||
+               (one.of_open_card && (one.kind != What::before || is_as_before(one)));
+    });
+    for (auto const& name : std::exchange(keeper->taken_over, {}))
+        keeper->store.remove(name);
+}
+
+/// The user gave the card up: saves of it that left their file as it was are nothing any more.
+void drop_given_up() {
+    std::vector<std::string> whole;
+    for (auto const& one : keeper->beside)
+        if (one.kind == What::before && one.of_open_card && is_as_before(one))
+            whole.push_back(one.file);
+    drop_beside([&](Keeper::Beside const& one) {
+        return one.kind != What::work && one.of_open_card &&
+               std::find(whole.begin(), whole.end(), one.file) != whole.end();
     });
 }
 
@@ -102,6 +122,18 @@ bool hands_are_on_the_card() {
 }
 
 } // namespace
+
+void tell_failure_to_keep() {
+    if (!keeper || !*keeper->failed || std::exchange(keeper->failure_told, true))
+        return;
+    keeper->tells_failure = true;
+    MsgBox(lines({" Tallentamatonta korttia ei voida pitää tallessa kansiossa     ", "",
+                  " " + keeper->store.folder() + "     ", "",
+                  " Ohjelma toimii muuten tavalliseen tapaan, mutta keskeytyksen     ",
+                  " jälkeen tallentamattomat muutokset on tehtävä uudelleen.     ", ""}),
+           box::warning, " Tiedoksi");
+    keeper->tells_failure = false;
+}
 
 void begin_rescue() {
     keeper = std::make_unique<Keeper>();
@@ -133,7 +165,7 @@ void keep_work_before_box() {
     } else {
         set_aside(); // nobody gave it up: it could not be shown any more
     }
-    tell_failure();
+    tell_failure_to_keep();
 }
 
 void keep_work_now() {
@@ -151,7 +183,10 @@ void note_open_file() {
 }
 
 void drop_work() {
-    if (keeper && std::exchange(keeper->keeps_work, false))
+    if (!keeper)
+        return;
+    drop_given_up();
+    if (std::exchange(keeper->keeps_work, false))
         host().in_background(
             [store = keeper->store, name = name_of_work()] { store.remove(name); });
 }
@@ -165,9 +200,11 @@ void begin_other_card() {
 
 void leave_work() {
     keep_work_now();
-    if (keeper && *keeper->failed)
+    if (keeper && *keeper->failed) {
         keep_work_now(); // the disk may have room again
-    tell_failure();
+        keeper->failure_told = false;
+    }
+    tell_failure_to_keep();
 }
 
 SaveRescue::SaveRescue(std::string const& file, std::string_view bytes)
@@ -176,13 +213,13 @@ SaveRescue::SaveRescue(std::string const& file, std::string_view bytes)
     with_folder([&] {
         auto const held = rescue::bytes_on_disk(file_);
         if (held && !is_left_by_a_save(file_, *held)) // what is left is in nobody's interest
-            put_beside({What::before, file_, rescue::time_of(Now()), 0, false, 0, *held});
+            put_beside(
+                {What::before, file_, rescue::time_of(Now()), 0, false, known_sum(file_), *held});
     });
     with_folder([&] {
-        put_beside({What::after, file_, rescue::time_of(Now()), 0, bool(session.needNewID), 0,
-                    std::string(bytes_)});
+        put_beside({What::after, file_, rescue::time_of(Now()), 0, bool(session.needNewID),
+                    known_sum(file_), std::string(bytes_)});
     });
-    tell_failure();
 }
 
 bool SaveRescue::finish() {
@@ -199,7 +236,7 @@ bool SaveRescue::finish() {
         return true;
     keeper->store.remove(name_of_work());
     keeper->keeps_work = false;
-    drop_beside(file_);
+    drop_saved(file_);
     return true;
 }
 

@@ -31,6 +31,9 @@ void begin_other_card();
 /// kept.
 void leave_work();
 
+/// Tells the first time that something could not be kept; the program works on.
+void tell_failure_to_keep();
+
 /// Both sides of a save of `bytes` into a file lie on the disk from here until it is finished. A
 /// save that is never finished leaves them.
 class SaveRescue {

@@ -35,10 +35,11 @@ void report(RuntimeError const& error) {
 
 bool SaveCardFile() {
     bool opened = false;
+    std::string bytes;
     auto const save = [&] {
         // A copy: what was not written keeps its commas.
         auto written = open_card;
-        auto const bytes = write_card(written);
+        bytes = write_card(written);
         if (rescue::is_special(session.cardFile))
             throw RuntimeError(ErrorNumber::path_file_access); // to a pipe one would write for ever
         SaveRescue rescue(session.cardFile, bytes);
@@ -53,10 +54,12 @@ bool SaveCardFile() {
     };
     try {
         with_memory_checked(save);
+        tell_failure_to_keep();
         return true;
     } catch (RuntimeError const& error) {
         if (opened)
-            know_what_is_left(session.cardFile);
+            know_what_is_left(session.cardFile, bytes);
+        tell_failure_to_keep();
         report(error);
         return false;
     }

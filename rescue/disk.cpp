@@ -36,7 +36,7 @@ bool cannot_be_flushed(int error) {
 
 bool is_there(std::string const& path) {
     struct stat status {};
-    return ::stat(path.c_str(), &status) == 0;
+    return ::stat(path.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
 }
 
 std::optional<std::string> bytes_on_disk(std::string const& path) {

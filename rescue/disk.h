@@ -8,7 +8,7 @@
 
 namespace rescue {
 
-/// True for anything of that name, whatever it is.
+/// True for anything of that name, whatever it is, and where the system cannot tell.
 bool is_there(std::string const& path);
 
 /// The whole of a regular file; nothing for anything else, or one that cannot be read.

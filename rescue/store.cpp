@@ -62,15 +62,6 @@ std::string_view ending_of(What kind) {
     return ".work";
 }
 
-int times_declined(std::string_view name) {
-    auto const at = name.rfind(declined_ending);
-    int times = 0;
-    if (at != std::string_view::npos)
-        std::from_chars(name.data() + at + declined_ending.size(), name.data() + name.size(),
-                        times);
-    return times;
-}
-
 bool is_like(char c, char pattern) {
     bool const digit = c >= '0' && c <= '9';
     switch (pattern) {
@@ -256,6 +247,15 @@ std::string name_beside(std::string_view session, int number, What kind) {
     return std::string(session) + "+" + std::to_string(number) + std::string(ending_of(kind));
 }
 
+int times_declined(std::string_view name) {
+    auto const at = name.rfind(declined_ending);
+    int times = 0;
+    if (at != std::string_view::npos)
+        std::from_chars(name.data() + at + declined_ending.size(), name.data() + name.size(),
+                        times);
+    return times;
+}
+
 std::string name_of_declined(std::string_view name) {
     return std::string(name.substr(0, name.rfind(declined_ending))) + std::string(declined_ending) +
            std::to_string(times_declined(name) + 1);
@@ -288,6 +288,11 @@ bool is_open_elsewhere(Store const& store, std::string const& own_session,
 
 namespace {
 
+/// Whether the name is of a session's open card, and not of what lies beside it.
+bool is_open_card(std::string_view name) {
+    return name.find('+') == std::string_view::npos;
+}
+
 /// Nothing is lost without it: the card's file holds the same, or a later save of the same session
 /// does.
 bool is_needless(Found const& found, std::vector<Found> const& all) {
@@ -296,13 +301,29 @@ bool is_needless(Found const& found, std::vector<Found> const& all) {
     if (held == rescue.bytes)
         return true;
     return std::any_of(all.begin(), all.end(), [&](Found const& other) {
-        auto const& save = other.rescue;
-        if (save.kind != What::after || save.file != rescue.file || save.step < rescue.step ||
-            session_of(other.name) != session_of(found.name))
+        auto const& one = other.rescue;
+        if (one.file != rescue.file || &other == &found)
             return false;
-        // A save that came to its end after all needs no copy of the file before it; what was
-        // changed up to a save is in it.
-        return rescue.kind == What::before ? held == save.bytes : rescue.kind == What::work;
+        // Each is needless by a later one of its session or one of an earlier name: some stays.
+        auto const session = session_of(found.name);
+        auto const other_session = session_of(other.name);
+        if (session != other_session)
+            return one.kind == rescue.kind && one.bytes == rescue.bytes && other_session < session;
+        if (one.step < rescue.step)
+            return false;
+        // A save that came to its end after all needs no copy of the file before it. Of the open
+        // card and what a save was to write the later has all of the earlier; what lies beside the
+        // open card is another card's.
+        bool const is_save = one.kind == What::after;
+        switch (rescue.kind) {
+        case What::before:
+            return is_save && held == one.bytes;
+        case What::work:
+            return is_save && is_open_card(found.name);
+        case What::after:
+            return one.kind == What::work && is_open_card(other.name);
+        }
+        return false;
     });
 }
 

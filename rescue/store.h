@@ -72,6 +72,7 @@ std::string name_of_work(std::string_view session);
 std::string name_beside(std::string_view session, int number, What kind);
 /// Of what the user did not want yet: it is offered after everything else.
 std::string name_of_declined(std::string_view name);
+int times_declined(std::string_view name);
 /// The session of such a name.
 std::string session_of(std::string_view name);
 

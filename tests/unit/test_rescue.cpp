@@ -114,12 +114,19 @@ TEST_F(RescueFolder, WhatIsElsewhereTooIsNotOffered) {
     kehystin::put_bytes(file, "");
     leave("s+1.after", some(What::after, file, 11, "uusi"));
     leave("s.work", some(What::work, file, 12, "vielä uudempi"));
-    EXPECT_EQ(offered(), (Names{"s.work", "s+1.after"}));
+    EXPECT_EQ(offered(), Names{"s.work"});
     // Whatever the clock says.
     auto later = some(What::work, file, 1, "vielä uudempi");
     later.step = 12;
     leave("s.work", later);
-    EXPECT_EQ(offered(), (Names{"s.work", "s+1.after"}));
+    EXPECT_EQ(offered(), Names{"s.work"});
+    // What lies beside the open card is another card.
+    leave("s+0.work", some(What::work, file, 9, "toinen"));
+    leave("s+2.after", some(What::after, file, 20, "uusin"));
+    EXPECT_EQ(offered(), (Names{"s+2.after", "s+0.work"}));
+    // What two sessions have is offered once.
+    leave("t+1.after", some(What::after, file, 30, "uusin"));
+    EXPECT_EQ(offered(), (Names{"s+2.after", "s+0.work"}));
 }
 
 TEST_F(RescueFolder, WhatWasDeclinedComesAfterAllOthers) {

@@ -131,6 +131,7 @@ void wire_field_bar(EditorForm& form) {
             button.DragWidth = look.width;
             button.DragHeight = look.height;
         };
+        button.ByKey = [&button](int) { drop_by_key(button); };
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "desktop/device_pixels.h"
 #include "desktop/drag.h"
+#include "desktop/keyboard.h"
 #include "desktop/mouse.h"
 #include "desktop/pictures.h"
 #include "desktop/text.h"
@@ -81,8 +82,7 @@ void ButtonWidget::paintFlat(QPainter& painter) {
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
         painter.setRenderHint(QPainter::Antialiasing, false);
     }
-    // Only who walks with the keyboard needs to see where it is.
-    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange))
+    if (showsFocus(*this))
         paintFrame(painter, rect(), palette().color(QPalette::Highlight));
     drawPicture(painter, button()->Picture, rect());
 }
@@ -91,9 +91,9 @@ void ButtonWidget::paintFlat(QPainter& painter) {
 void ButtonWidget::paintSmall(QPainter& painter) {
     bool const hovered = isEnabled() && underMouse();
     auto const face = isDown() ? QPalette::Mid : hovered ? QPalette::Midlight : QPalette::Button;
-    bool const showsFocus = hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange);
     painter.fillRect(rect(), palette().color(face));
-    paintFrame(painter, rect(), palette().color(showsFocus ? QPalette::Highlight : QPalette::Dark));
+    paintFrame(painter, rect(),
+               palette().color(showsFocus(*this) ? QPalette::Highlight : QPalette::Dark));
     auto const ink = palette().color(QPalette::ButtonText);
     if (text() == QStringLiteral("▾")) {
         drawArrowhead(painter, QRectF(rect()).center(), ink); // not every font has the sign
@@ -164,8 +164,9 @@ void ButtonWidget::drag() {
 
 void ButtonWidget::keyPressEvent(QKeyEvent* event) {
     bool const enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && button())
-        gate().run([&] { platform::input::click(*button()); });
+    bool const blank = event->key() == Qt::Key_Space && button() && button()->ByKey;
+    if ((enter || blank) && button())
+        gate().run([&] { platform::input::press(*button(), platform::Key::enter); });
     else
         QAbstractButton::keyPressEvent(event);
 }
@@ -191,6 +192,26 @@ OptionButtonWidget::OptionButtonWidget(platform::OptionButton& option, QWidget& 
     setAutoFillBackground(true);
     setAutoExclusive(false); // which others go off is the program's decision
     sendClicks(*this, gate);
+}
+
+void OptionButtonWidget::keyPressEvent(QKeyEvent* event) {
+    using platform::Key;
+    auto const press = [&](Key key) {
+        if (auto* const option = control())
+            gate().run([&] { platform::input::press(*option, key); });
+    };
+    switch (event->key()) {
+    case Qt::Key_Up:
+        return press(Key::up);
+    case Qt::Key_Down:
+        return press(Key::down);
+    case Qt::Key_Left:
+        return press(Key::left);
+    case Qt::Key_Right:
+        return press(Key::right);
+    default:
+        QRadioButton::keyPressEvent(event);
+    }
 }
 
 void OptionButtonWidget::takeOver() {

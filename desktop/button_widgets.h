@@ -56,6 +56,7 @@ class OptionButtonWidget : public QRadioButton, public ControlWidget {
     void takeOver() override;
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void nextCheckState() override {} // the program sets it
 };
 

@@ -21,6 +21,7 @@ class ChildWindow : public QMdiSubWindow, public FormView {
     void settle() override;
     QWidget* focusWidgetOf(platform::Control const& control) override;
     QRect placeOnScreen(platform::Control const& control) override;
+    QWidget* inside() override { return canvas_; }
     platform::Control* controlAt(QWidget& widget, QPoint point) override;
     void setPointer(Qt::CursorShape shape) override { canvas_->setCursor(shape); }
     void discard() override;

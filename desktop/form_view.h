@@ -29,6 +29,8 @@ class FormView {
     virtual platform::Control* controlAt(QWidget& widget, QPoint point) = 0;
     /// Where a control shows on the screen: what can be seen of it. Empty when nothing can.
     virtual QRect placeOnScreen(platform::Control const& control) = 0;
+    /// What shows the form's inside, where a part of it may be out of sight; null elsewhere.
+    virtual QWidget* inside() { return nullptr; }
     /// The pointer shape over the form's free surface.
     virtual void setPointer(Qt::CursorShape) {}
     /// The form is going: the window disappears, and is deleted when no event of it is running.

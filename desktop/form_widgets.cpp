@@ -1,6 +1,7 @@
 #include "desktop/form_widgets.h"
 
 #include "desktop/control_painter.h"
+#include "desktop/keyboard.h"
 #include "desktop/mouse.h"
 #include "desktop/painted_widgets.h"
 #include "desktop/text.h"
@@ -161,8 +162,13 @@ bool FormWidgets::eventFilter(QObject* watched, QEvent* event) {
         return false;
     switch (event->type()) {
     case QEvent::FocusIn:
+        if (static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason)
+            showFocusIn(*owner->widget().window(), false);
         if (control->takes_focus() && platform::System::current().focused() != control)
             gate_.run([&] { platform::input::focus(*control); });
+        break;
+    case QEvent::KeyPress:
+        showFocusIn(*owner->widget().window(), true);
         break;
     case QEvent::MouseMove:
         if (control->MouseMove && !dynamic_cast<PaintedWidget*>(owner))

@@ -5,6 +5,7 @@
 #include "platform/system.h"
 
 #include <QKeySequence>
+#include <QWidget>
 
 namespace desktop {
 
@@ -35,11 +36,34 @@ bool sendFunctionKey(platform::Form& form, EventGate& gate, QKeyEvent const& eve
     return true;
 }
 
+void showFocusIn(QWidget& window, bool shows) {
+    if (window.testAttribute(Qt::WA_KeyboardFocusChange) == shows)
+        return;
+    window.setAttribute(Qt::WA_KeyboardFocusChange, shows);
+    if (auto* const focused = window.focusWidget())
+        focused->update();
+}
+
+bool showsFocus(QWidget const& widget) {
+    return widget.hasFocus() && widget.window()->testAttribute(Qt::WA_KeyboardFocusChange);
+}
+
+bool sendBarKey(platform::Form& form, EventGate& gate, QKeyEvent const& event) {
+    auto const modifiers = event.modifiers() & ~Qt::ShiftModifier;
+    if (event.key() != Qt::Key_F6 || modifiers != Qt::ControlModifier)
+        return false;
+    int const step = event.modifiers() & Qt::ShiftModifier ? -1 : 1;
+    gate.run([&] { platform::input::walk_bars(form, step); });
+    return true;
+}
+
 bool walkFocus(platform::Form& form, EventGate& gate, bool next) {
     auto& from = focusedIn(form);
     gate.run([&] {
         if (&from != &form)
             return platform::input::walk_focus(from, next ? 1 : -1);
+        if (form.kind() == platform::FormKind::main)
+            return platform::input::walk_bars(form, next ? 1 : -1);
         for (auto* const control : form.tab_order())
             if (control->can_take_focus())
                 return platform::input::focus(*control);

@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace desktop {
 
 bool ListItems::takeOver(platform::ListControl const& list) {
@@ -23,6 +25,22 @@ bool ListItems::takeOver(platform::ListControl const& list) {
 
 int ListItems::rowCount(QModelIndex const& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(items_.size());
+}
+
+QModelIndexList ListItems::match(QModelIndex const& start, int role, QVariant const& value,
+                                 int hits, Qt::MatchFlags flags) const {
+    if (role != Qt::DisplayRole || hits != 1 || !(flags & Qt::MatchStartsWith))
+        return QAbstractListModel::match(start, role, value, hits, flags);
+    auto const wanted = value.toString();
+    for (qsizetype i = 0; i < items_.size(); ++i) {
+        auto const row = (start.row() + i) % items_.size();
+        auto const& item = items_.at(row);
+        auto const first =
+            std::find_if(item.begin(), item.end(), [](QChar c) { return c != u' '; });
+        if (QStringView(first, item.end()).startsWith(wanted, Qt::CaseInsensitive))
+            return {index(static_cast<int>(row))};
+    }
+    return {};
 }
 
 QVariant ListItems::data(QModelIndex const& index, int role) const {
@@ -79,8 +97,10 @@ void ListBoxWidget::sendPick(QModelIndex const& index) {
 
 void ListBoxWidget::takeOver() {
     takeOverLook(*box());
-    items_.takeOver(*box());
-    showChosen();
+    bool const changed = items_.takeOver(*box());
+    // While the keyboard moves a mark in an open list, that is what stands out.
+    if (!box()->pops_up || changed || !hasFocus())
+        showChosen();
 }
 
 void ListBoxWidget::showChosen() {
@@ -107,7 +127,7 @@ void ListBoxWidget::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return press(platform::Key::enter);
+        return box()->pops_up ? sendPick(currentIndex()) : press(platform::Key::enter);
     case Qt::Key_Escape:
         return press(platform::Key::escape);
     default:
@@ -115,7 +135,7 @@ void ListBoxWidget::keyPressEvent(QKeyEvent* event) {
     }
     auto const before = currentIndex();
     QListView::keyPressEvent(event);
-    if (currentIndex() != before)
+    if (currentIndex() != before && !box()->pops_up)
         sendPick(currentIndex());
 }
 

@@ -20,6 +20,9 @@ class ListItems : public QAbstractListModel {
 
     int rowCount(QModelIndex const& parent = {}) const override;
     QVariant data(QModelIndex const& index, int role) const override;
+    /// What the user types finds an item by its first letter behind blanks.
+    QModelIndexList match(QModelIndex const& start, int role, QVariant const& value, int hits,
+                          Qt::MatchFlags flags) const override;
 
   private:
     QStringList items_;

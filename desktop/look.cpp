@@ -122,7 +122,7 @@ class Look : public QProxyStyle {
         case PE_PanelLineEdit:
             return drawField(*option, *painter);
         case PE_Frame: // around lists and pages, whose insides leave a part of a pixel free
-            return paintFilledFrame(*painter, option->rect, option->palette.color(QPalette::Dark),
+            return paintFilledFrame(*painter, option->rect, fieldFrameColour(*option),
                                     option->palette.color(QPalette::Base));
         default:
             QProxyStyle::drawPrimitive(element, option, painter, widget);

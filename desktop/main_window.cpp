@@ -280,7 +280,7 @@ void MainWindow::sendLater(void (MainWindow::*send)()) {
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
-    if (!form_ || !sendDialogKey(*form_, gate_, *event))
+    if (!form_ || !(sendDialogKey(*form_, gate_, *event) || sendBarKey(*form_, gate_, *event)))
         QMainWindow::keyPressEvent(event);
 }
 

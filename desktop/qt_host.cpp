@@ -3,6 +3,7 @@
 #include "desktop/boxes.h"
 #include "desktop/child_window.h"
 #include "desktop/fonts.h"
+#include "desktop/keyboard.h"
 #include "desktop/look.h"
 #include "desktop/main_window.h"
 #include "desktop/mouse.h"
@@ -94,7 +95,7 @@ QWidget* QtHost::mainWindow() const {
 
 bool QtHost::closeForLogout() {
     // A second question on top of one that stands would answer that for the user.
-    if (!mainWindow_ || QApplication::activeModalWidget() ||
+    if (!mainWindow_ || gate_.isClosed() || QApplication::activeModalWidget() ||
         platform::System::current().active_modal())
         return true;
     mainWindow_->close();
@@ -204,6 +205,15 @@ platform::Bounds QtHost::normal_bounds(platform::Form const& form) const {
     auto const bounds = mainWindow_->normalBounds();
     return {bounds.left() * twipsPerPixel, bounds.top() * twipsPerPixel,
             bounds.width() * twipsPerPixel, bounds.height() * twipsPerPixel};
+}
+
+platform::Area QtHost::visible_part(platform::Form const& form) const {
+    auto* const view = viewOf(form);
+    auto const* const inside = view ? view->inside() : nullptr;
+    auto const seen = inside ? inside->visibleRegion().boundingRect() : QRect();
+    if (seen.isEmpty())
+        return Host::visible_part(form);
+    return {double(seen.x()), double(seen.y()), double(seen.width()), double(seen.height())};
 }
 
 platform::Date QtHost::now() const {
@@ -394,8 +404,10 @@ void QtHost::showFocus() {
     auto* const view = control ? viewOf(control->form()) : nullptr;
     auto* const wanted = view ? view->focusWidgetOf(*control) : nullptr;
     if (wanted) {
-        if (wanted->window()->focusWidget() != wanted)
+        if (wanted->window()->focusWidget() != wanted) {
+            showFocusIn(*wanted->window(), true);
             wanted->setFocus(Qt::OtherFocusReason);
+        }
         return;
     }
     // The program has taken the keyboard from everything, or given it to what does not show.

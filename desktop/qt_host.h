@@ -54,6 +54,7 @@ class QtHost : public platform::Host {
 
     platform::ScreenMetrics metrics() const override;
     platform::Size inner_size(platform::Form const& form) const override;
+    platform::Area visible_part(platform::Form const& form) const override;
     platform::Bounds normal_bounds(platform::Form const& form) const override;
     platform::Date now() const override;
     bool left_button_down() const override;

@@ -1,6 +1,7 @@
 #include "desktop/scroll_widgets.h"
 
 #include "desktop/device_pixels.h"
+#include "desktop/keyboard.h"
 #include "desktop/text.h"
 #include "platform/input.h"
 
@@ -27,6 +28,14 @@ ScrollBarWidget::ScrollBarWidget(platform::ScrollBar& bar, QWidget& parent, Even
         if (control() && !this->gate().isRefreshing())
             this->gate().run([&] { platform::input::scroll(barOf(control()), turned(value)); });
     });
+}
+
+void ScrollBarWidget::paintEvent(QPaintEvent* event) {
+    QScrollBar::paintEvent(event);
+    if (!showsFocus(*this))
+        return;
+    QPainter painter(this);
+    paintFrame(painter, rect(), palette().color(QPalette::Highlight));
 }
 
 int ScrollBarWidget::turned(int value) const {
@@ -73,7 +82,8 @@ void ArrowPair::hold(Arrow arrow) {
 void ArrowPair::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Button));
-    paintFrame(painter, rect(), palette().color(QPalette::Dark));
+    paintFrame(painter, rect(),
+               palette().color(showsFocus(*this) ? QPalette::Highlight : QPalette::Dark));
     int const half = height() / 2;
     if (held_ != Arrow::none) {
         QRect const pressed(1, held_ == Arrow::up ? 1 : half, width() - 2, height() - half - 1);

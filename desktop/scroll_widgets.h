@@ -17,6 +17,9 @@ class ScrollBarWidget : public QScrollBar, public ControlWidget {
     QWidget& widget() override { return *this; }
     void takeOver() override;
 
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
   private:
     /// Between the program's value and Qt's; its own inverse.
     int turned(int value) const;

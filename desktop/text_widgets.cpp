@@ -61,12 +61,30 @@ bool TextInput::sendKey(QKeyEvent const& event) {
         gate().run([&] { input::press(*box(), key); });
         return true;
     };
+    auto const open = [&] {
+        bool opened = false;
+        gate().run([&] { opened = input::open_beside(*box()); });
+        return opened;
+    };
+    auto const step = [&](int steps) {
+        bool stepped = false;
+        gate().run([&] { stepped = input::step_beside(*box(), steps); });
+        return stepped;
+    };
     switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return box()->MultiLine ? false : press(platform::Key::enter);
     case Qt::Key_Escape:
         return press(platform::Key::escape);
+    case Qt::Key_F4:
+        return event.modifiers() == Qt::NoModifier && open();
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        return event.key() == Qt::Key_Down && event.modifiers() == Qt::AltModifier
+                   ? open()
+                   : event.modifiers() == Qt::NoModifier &&
+                         step(event.key() == Qt::Key_Up ? -1 : 1);
     case Qt::Key_Backspace:
         return plain && press(platform::Key::backspace);
     case Qt::Key_Delete:

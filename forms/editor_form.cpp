@@ -90,6 +90,8 @@ void build_row(EditorForm& form, PanelRow const& row) {
     editor.BackColor = colours::white;
     editor.MaxLength = longest_text;
     editor.Visible = false;
+    editor.opener = row.button ? &(form.*row.button) : nullptr;
+    editor.stepper = row.scroll ? &(form.*row.scroll) : nullptr;
     if (row.scroll) {
         auto& scroll = form.*row.scroll;
         scroll.Min = -32768;
@@ -104,6 +106,7 @@ void build_row(EditorForm& form, PanelRow const& row) {
         swatch.Visible = false;
     }
     if (row.list) {
+        (form.*row.list).pops_up = true;
         (form.*row.list).BackColor = colours::white;
         (form.*row.list).Visible = false;
     }
@@ -131,7 +134,8 @@ void build_rows(EditorForm& form) {
     for (Control* const part : form.proPic.children())
         part->TabStop = dynamic_cast<TextBox*>(part) != nullptr;
     for (Control* const area : std::initializer_list<Control*>{
-             &form.proPic, &form.proBot, &form.proBar, &form.fldBar, &form.icoBar})
+             &form.proPic, &form.proBot, &form.proBar, &form.fldBar, &form.icoBar, &form.bot_list,
+             &form.cmd_close_pro, &form.scr_pro})
         area->TabStop = false;
 }
 

@@ -26,6 +26,9 @@ class Label : public TextControl {
     void copy_look(Control const& prototype) override;
 };
 
+class Button;
+class ScrollBar;
+
 class TextBox : public TextControl {
   public:
     using TextControl::TextControl;
@@ -44,6 +47,11 @@ class TextBox : public TextControl {
     void select_all();
     /// What typing does: the new text with the caret already behind what came in, then Change.
     void replace_text(std::string text, int caret);
+    /// What the keys beside the text reach: a button that opens something for it, and a bar that Up
+    /// and Down move. Null for none.
+    Button* opener = nullptr;
+    ScrollBar* stepper = nullptr;
+
     ControlClass control_class() const override { return ControlClass::text_box; }
     std::span<PropertyEntry const> properties() const override;
     bool takes_focus() const override { return true; }
@@ -160,6 +168,9 @@ class ComboBox : public ListControl {
 class ListBox : public ListControl {
   public:
     using ListControl::ListControl;
+    /// It opens over something else: keys move a mark in it, and choose nothing before Enter.
+    bool pops_up = false;
+
     ControlClass control_class() const override { return ControlClass::list_box; }
     std::span<PropertyEntry const> properties() const override;
 };
@@ -257,6 +268,8 @@ class Button : public TextControl {
     /// pointer; 0 where it is not known.
     Property<double> DragWidth{*this};
     Property<double> DragHeight{*this};
+    /// Enter or a blank on the button does this instead of a click.
+    Event ByKey;
 
     ControlClass control_class() const override { return ControlClass::button; }
     std::span<PropertyEntry const> properties() const override;

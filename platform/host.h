@@ -51,6 +51,14 @@ struct Bounds {
     double height = 0;
 };
 
+/// A part of a form's inside, in pixels.
+struct Area {
+    double left = 0;
+    double top = 0;
+    double width = 0;
+    double height = 0;
+};
+
 struct ScreenMetrics {
     double width = 0;  ///< pixels
     double height = 0; ///< pixels
@@ -111,6 +119,8 @@ class Host {
     virtual ScreenMetrics metrics() const = 0;
     /// The size inside a form's frame, caption and menu bar, in twips.
     virtual Size inner_size(Form const& form) const;
+    /// What of a form's inside the user sees, in pixels from its corner.
+    virtual Area visible_part(Form const& form) const;
     /// Where a form stands, and how large it is, when it is neither maximised nor minimised.
     virtual Bounds normal_bounds(Form const& form) const;
     virtual Date now() const = 0;

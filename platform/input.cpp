@@ -118,6 +118,65 @@ MouseArguments arguments_for(Control& control, double x, double y) {
     return {mouse.button, mouse.shift, left * factor, top * factor};
 }
 
+/// The bar that a control stands in, or null.
+Control const* bar_of(Control const& control) {
+    for (auto const* at = &control; at; at = at->container())
+        if (at->dock_side() != 0)
+            return at;
+    return nullptr;
+}
+
+/// The option buttons that go out when one of them is chosen, as a user sees them.
+std::vector<OptionButton*> group_of(OptionButton const& option) {
+    std::vector<OptionButton*> group;
+    for (auto* const child : option.container()->children())
+        if (auto* const other = dynamic_cast<OptionButton*>(child);
+            other && other->can_take_focus())
+            group.push_back(other);
+    std::sort(group.begin(), group.end(), [](OptionButton const* a, OptionButton const* b) {
+        return int{a->TabIndex} < int{b->TabIndex};
+    });
+    return group;
+}
+
+bool is_tab_stop(Control& control) {
+    if (!control.TabStop || !control.can_take_focus())
+        return false;
+    auto const* const option = dynamic_cast<OptionButton const*>(&control);
+    if (!option || option->Value)
+        return true;
+    auto const group = group_of(*option);
+    return std::none_of(group.begin(), group.end(),
+                        [](auto const* one) { return one->Value.get(); }) &&
+           group.front() == option;
+}
+
+/// Another option of the group, chosen and with the keyboard.
+void choose_option(OptionButton& from, int step) {
+    auto const group = group_of(from);
+    auto const here = std::find(group.begin(), group.end(), &from);
+    auto const count = std::ssize(group);
+    if (here == group.end() || count < 2)
+        return;
+    auto const place = (here - group.begin() + step + count) % count;
+    click(*group[static_cast<std::size_t>(place)]);
+}
+
+/// Enter or a blank on what is pressed by it. False for anything else.
+bool press_by_key(Control& control) {
+    auto* const button = dynamic_cast<Button*>(&control);
+    if (button && button->ByKey) {
+        System::at_edge([&] { button->ByKey(button->index()); });
+        return true;
+    }
+    auto const kind = control.control_class();
+    bool const is_pressed =
+        button || kind == ControlClass::check_box || kind == ControlClass::option_button;
+    if (is_pressed)
+        click(control);
+    return is_pressed;
+}
+
 /// A handler may unload the form that raised its event.
 bool is_loaded(Form const& form) {
     auto const& forms = System::current().forms();
@@ -174,6 +233,8 @@ void focus(Control& control) {
 
 void type(Control& control, std::string_view text) {
     require_reachable(control);
+    if (text == " " && press_by_key(control))
+        return;
     auto const& form = control.form();
     while (!text.empty() && is_loaded(form)) {
         auto const utf8 = Left(text, 1);
@@ -187,14 +248,18 @@ void type(Control& control, std::string_view text) {
 void press(Control& control, Key key) {
     require_reachable(control);
     auto& form = control.form();
-    if (key == Key::enter && control.control_class() == ControlClass::button)
-        return click(control); // the button in hand comes before the default one
+    if (key == Key::enter && control.control_class() == ControlClass::button) {
+        press_by_key(control); // the button in hand comes before the default one
+        return;
+    }
     if (key == Key::enter || key == Key::escape) {
         for (auto* const other : form.controls())
             if (auto* const button = dynamic_cast<Button*>(other))
                 if ((key == Key::enter ? button->Default : button->Cancel).get() &&
                     button->is_shown() && button->is_enabled())
-                    return click(*button);
+                    // The keyboard stays where it is: what the button refuses is to be mended
+                    // there.
+                    return System::at_edge([&] { perform_click(*button); });
         System::at_edge([&] {
             char32_t code = key == Key::enter ? U'\r' : U'\x1b';
             if (control.KeyPress)
@@ -204,7 +269,13 @@ void press(Control& control, Key key) {
     }
     if (key == Key::tab || key == Key::back_tab)
         return walk_focus(control, key == Key::tab ? 1 : -1);
+    bool const back = key == Key::up || key == Key::left;
+    if (auto* const option = dynamic_cast<OptionButton*>(&control);
+        option && (back || key == Key::down || key == Key::right))
+        return choose_option(*option, back ? -1 : 1);
     if (auto* const box = dynamic_cast<TextBox*>(&control)) {
+        if (key == Key::up || key == Key::down)
+            step_beside(*box, key == Key::up ? -1 : 1);
         if ((key == Key::del || key == Key::backspace) && !box->Locked)
             System::at_edge([&] {
                 if (box->SelLength == 0) {
@@ -227,13 +298,51 @@ void press(Control& control, Key key) {
 void walk_focus(Control& from, int step) {
     auto const& order = from.form().tab_order();
     auto const count = static_cast<int>(order.size());
+    auto const* const bar = bar_of(from);
     int place = from.TabIndex;
     for (int i = 0; i < count; ++i) {
         place = (place + step + count) % count;
         auto* const next = order[static_cast<std::size_t>(place)];
-        if (next->TabStop && next->can_take_focus())
+        if (is_tab_stop(*next) && bar_of(*next) == bar)
             return focus(*next);
     }
+}
+
+void walk_bars(Form& form, int step) {
+    std::vector<Control*> firsts; // the first stop of each bar
+    for (auto const side : {Dock::right, Dock::left, Dock::top, Dock::bottom})
+        for (auto* const stop : form.tab_order()) {
+            auto const* const bar = is_tab_stop(*stop) ? bar_of(*stop) : nullptr;
+            if (bar && bar->dock_side() == static_cast<int>(side)) {
+                firsts.push_back(stop);
+                break;
+            }
+        }
+    if (firsts.empty())
+        return;
+    auto const* const focused = System::current().focused();
+    auto const here = std::find_if(firsts.begin(), firsts.end(), [&](Control const* first) {
+        return focused && bar_of(*first) == bar_of(*focused);
+    });
+    auto const count = std::ssize(firsts);
+    auto const from = here == firsts.end() ? (step > 0 ? count - 1 : 0) : here - firsts.begin();
+    focus(*firsts[static_cast<std::size_t>((from + step + count) % count)]);
+}
+
+bool open_beside(TextBox& box) {
+    if (!box.opener || !box.opener->is_shown() || !box.opener->is_enabled())
+        return false;
+    click(*box.opener);
+    if (System::current().focused() == box.opener && box.can_take_focus())
+        focus(box); // a dialog has been and gone
+    return true;
+}
+
+bool step_beside(TextBox& box, int steps) {
+    if (!box.stepper || !box.stepper->is_shown() || !box.stepper->is_enabled())
+        return false;
+    step(*box.stepper, steps);
+    return true;
 }
 
 void paste(TextBox& box, std::string_view text, std::optional<int> caret) {

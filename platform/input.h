@@ -34,8 +34,15 @@ void focus(Control& control);
 void type(Control& control, std::string_view text);
 /// One key without a character.
 void press(Control& control, Key key);
-/// Tab (step 1) or Shift+Tab (step -1): the next control of the form that takes the focus.
+/// Tab (step 1) or Shift+Tab (step -1): the next control that takes the focus, in a ring; of a bar
+/// or, beside all bars, of the form. A group of option buttons is one stop.
 void walk_focus(Control& from, int step);
+/// From bar to bar: right, left, top, bottom, and back. The first control of it takes the focus.
+void walk_bars(Form& form, int step);
+/// Opens what belongs to a text box, as its button does. False where it has none.
+bool open_beside(TextBox& box);
+/// Up (-1) or Down (1) in a text box moves the bar beside it. False where it has none.
+bool step_beside(TextBox& box, int steps);
 /// The whole text is replaced in one change, as by pasting. The caret then stands behind its first
 /// `caret` characters, or at its end.
 void paste(TextBox& box, std::string_view text, std::optional<int> caret = std::nullopt);

@@ -38,6 +38,11 @@ Size Host::inner_size(Form const& form) const {
             form.Height - (frames + heading) * screen.TwipsPerPixelY};
 }
 
+Area Host::visible_part(Form const& form) const {
+    auto const inside = inner_size(form);
+    return {0, 0, inside.width / twips_per_pixel, inside.height / twips_per_pixel};
+}
+
 Bounds Host::normal_bounds(Form const& form) const {
     return {form.Left, form.Top, form.Width, form.Height};
 }

@@ -74,6 +74,10 @@ void move_item(int step) {
 void cmd_list_Click() {
     auto& form = *fEditor;
     place_pop_up(form.bot_list, Row::list, form.bot_list.Height);
+    // Tab goes on from its last part to the row that follows.
+    int place = form.txt_list.TabIndex;
+    for (auto* const part : form.bot_list.children())
+        part->TabIndex = part->TabIndex < place ? place : ++place;
     form.bot_list.Visible = true;
     lst_list_Click();
     form.lst_list.SetFocus();

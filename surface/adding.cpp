@@ -11,13 +11,16 @@
 #include "model/card.h"
 #include "model/default_looks.h"
 #include "model/session.h"
+#include "model/settings.h"
 #include "platform/host.h"
+#include "platform/input.h"
 #include "surface/frames.h"
 #include "surface/grid.h"
 #include "surface/load_card.h"
 #include "surface/visuals.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kehystin {
 
@@ -60,6 +63,35 @@ void place_at(Field& one, double x, double y) {
     }
     one.left = Integer(left);
     one.top = Integer(top);
+}
+
+struct Place {
+    double x, y;
+};
+
+bool is_free(double left, double top, DefaultField const& look) {
+    for (int i = 1; i <= card.fields; ++i) {
+        auto const& one = field(i);
+        bool const apart = one.left + one.width <= left || left + look.width <= one.left ||
+                           one.top + one.height <= top || top + look.height <= one.top;
+        if (!apart)
+            return false;
+    }
+    return true;
+}
+
+/// Where a field from the keyboard goes, in pixels of the surface.
+Place free_place(DefaultField const& look, Area const& seen) {
+    auto const spacing = snap_spacing().value_or(Spacing{settings.gridX, settings.gridY});
+    double const step_x = std::max(spacing.x, 1);
+    double const step_y = std::max(spacing.y, 1);
+    auto const first = [](double from, double step) { return std::ceil(from / step) * step; };
+    for (double y = first(seen.top, step_y); y + look.height <= seen.top + seen.height; y += step_y)
+        for (double x = first(seen.left, step_x); x + look.width <= seen.left + seen.width;
+             x += step_x)
+            if (is_free(x, y, look))
+                return {x, y};
+    return {seen.left, seen.top};
 }
 
 void take_title_font() {
@@ -131,6 +163,14 @@ void Form_DragDrop(Control& source, double x, double y) {
         if (card.fields > fields_before)
             settle_half_made_field(*kind);
     }
+}
+
+void drop_by_key(Control& source) {
+    auto const* const kind = kind_of(std::string_view(source.Tag.get()));
+    if (!kind || !session.cardFormLoaded)
+        return;
+    auto const place = free_place(default_look(kind->style), host().visible_part(*fCard));
+    input::drop(source, *fCard, place.x + pointer_inset, place.y + pointer_inset);
 }
 
 void cmd_field_add_Click() {

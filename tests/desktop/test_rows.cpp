@@ -111,6 +111,24 @@ TEST_F(Rows, TabWalksTheRowsAsTheyStand) {
     }
 }
 
+TEST_F(Rows, TheKeyboardGoesFromBarToBarAndShowsWhereItIs) {
+    open_row("txt_size");
+    auto const bar_key = [&](Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(window()->focusWidget(), Qt::Key_F6, modifiers);
+        return window()->focusWidget();
+    };
+    auto const plain = widget("drag_ots").grab().toImage();
+    EXPECT_EQ(bar_key(Qt::ControlModifier), &widget("drag_ots"));
+    EXPECT_NE(widget("drag_ots").grab().toImage(), plain);
+    EXPECT_EQ(bar_key(Qt::ControlModifier)->objectName(), QStringLiteral("ico(1)"));
+    QTest::keyClick(window()->focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(window()->focusWidget()->objectName().startsWith(QStringLiteral("ico")));
+    EXPECT_EQ(bar_key(Qt::ControlModifier | Qt::ShiftModifier), &widget("drag_ots"));
+    int const before = card.fields;
+    QTest::keyClick(&widget("drag_ots"), Qt::Key_Space);
+    EXPECT_EQ(card.fields, before + 1);
+}
+
 TEST_F(Rows, ALetterChoosesAWordAndAListOpensUnderItsRow) {
     auto& bold = open_row("txt_fontBold");
     QTest::keyClick(&bold, Qt::Key_K);
@@ -131,6 +149,20 @@ TEST_F(Rows, ALetterChoosesAWordAndAListOpensUnderItsRow) {
                       items.visualRect(items.model()->index(1, 0)).center());
     EXPECT_EQ(field(5).fontBold, 0);
     EXPECT_FALSE(list.isVisible());
+    EXPECT_TRUE(bold.hasFocus());
+    // With the keyboard alone a mark moves, and nothing is chosen before Enter.
+    QTest::keyClick(&bold, Qt::Key_Down, Qt::AltModifier);
+    EXPECT_TRUE(list.hasFocus());
+    QTest::keyClick(&list, Qt::Key_Up);
+    EXPECT_EQ(items.currentIndex().row(), 0);
+    EXPECT_EQ(field(5).fontBold, 0);
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ(field(5).fontBold, -1);
+    EXPECT_TRUE(bold.hasFocus());
+    QTest::keyClick(&bold, Qt::Key_F4);
+    QTest::keyClick(&list, Qt::Key_Down);
+    QTest::keyClick(&list, Qt::Key_Escape);
+    EXPECT_EQ(field(5).fontBold, -1);
     EXPECT_TRUE(bold.hasFocus());
     // It closes, too, when the keyboard goes elsewhere.
     QTest::mouseClick(&widget("cmd_fontBold"), Qt::LeftButton);

@@ -7,7 +7,6 @@
 
 namespace kehystin {
 
-/// In the order in which a card is checked before it is written.
 enum class Check {
     no_title,       ///< data fields without a title
     unlinked_title, ///< titles without data fields that are not marked to be so
@@ -15,6 +14,10 @@ enum class Check {
     no_label,       ///< check and option fields that show no label
     same_title,     ///< titles with data fields, of the same caption
 };
+
+/// In the order in which a card is checked before it is written.
+inline constexpr Check all_checks[] = {Check::no_title, Check::unlinked_title, Check::columns,
+                                       Check::no_label, Check::same_title};
 
 /// More columns than this are too many.
 inline constexpr int most_columns = 50;

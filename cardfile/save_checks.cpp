@@ -159,16 +159,37 @@ bool chk_sameots() {
     return answer == Answer::yes;
 }
 
-bool run_save_checks(int& step) {
-    using SaveCheck = bool (*)();
-    constexpr std::pair<int, SaveCheck> checks[] = {
-        {2, chk_nodata}, {3, chk_nolink}, {4, chk_maxdata}, {5, chk_selots}, {55, chk_sameots}};
-    for (auto const& [number, check] : checks) {
-        step = number;
-        if (!check())
-            return false;
+namespace {
+
+struct SaveCheck {
+    int step; ///< of the save, in its reports
+    bool (*passes)();
+};
+
+SaveCheck save_check(Check check) {
+    switch (check) {
+    case Check::no_title:
+        return {2, chk_nodata};
+    case Check::unlinked_title:
+        return {3, chk_nolink};
+    case Check::columns:
+        return {4, chk_maxdata};
+    case Check::no_label:
+        return {5, chk_selots};
+    case Check::same_title:
+        break;
     }
-    return true;
+    return {55, chk_sameots};
+}
+
+} // namespace
+
+bool run_save_checks(int& step) {
+    return std::all_of(std::begin(all_checks), std::end(all_checks), [&](Check one) {
+        auto const check = save_check(one);
+        step = check.step;
+        return check.passes();
+    });
 }
 
 void order_nolink() {

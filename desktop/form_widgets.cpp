@@ -85,7 +85,8 @@ ControlWidget* FormWidgets::make(platform::Control& control) {
     }
     bool const painted = control.control_class() == ControlClass::label ||
                          control.control_class() == ControlClass::picture_box;
-    if (!painted && control.takes_focus())
+    bool const link = control.control_class() == ControlClass::label;
+    if ((!painted || link) && control.takes_focus())
         widget.setFocusPolicy(Qt::StrongFocus);
     return made;
 }

@@ -67,16 +67,29 @@ void HelpBrowser::mark(QStringList const& words) {
             marks.append(here);
         }
     setExtraSelections(marks);
-    auto const first =
-        std::min_element(marks.begin(), marks.end(), [](auto const& one, auto const& other) {
-            return one.cursor.position() < other.cursor.position();
+    moveCursor(QTextCursor::Start);
+    goToNextMark();
+}
+
+bool HelpBrowser::goToNextMark() {
+    auto const marks = extraSelections();
+    int const here = textCursor().position();
+    // What lies behind the caret comes first, then what lies before it.
+    auto const rank = [here](ExtraSelection const& one) {
+        int const at = one.cursor.position();
+        return std::pair(at <= here, at);
+    };
+    auto const next =
+        std::min_element(marks.begin(), marks.end(), [&](auto const& one, auto const& other) {
+            return rank(one) < rank(other);
         });
-    if (first == marks.end())
-        return;
-    auto cursor = first->cursor;
+    if (next == marks.end())
+        return false;
+    auto cursor = next->cursor;
     cursor.clearSelection();
     setTextCursor(cursor);
     ensureCursorVisible();
+    return true;
 }
 
 void HelpBrowser::zoom(int step) {

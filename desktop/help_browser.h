@@ -25,6 +25,8 @@ class HelpBrowser : public QTextBrowser {
 
     /// Marks every place where one of the words stands, and goes to the first.
     void mark(QStringList const& words);
+    /// Goes to the next marked place, behind the last to the first. False where nothing is marked.
+    bool goToNextMark();
 
     /// One step larger (1) or smaller (-1), within bounds; 0 for the ordinary size.
     void zoom(int step);

@@ -115,6 +115,11 @@ QWidget* HelpWindow::makeBar() {
     // Wherever in the window the keyboard is: the page knows these keys only for itself.
     new QShortcut(Qt::ALT | Qt::Key_Left, this, browser_, &QTextBrowser::backward);
     new QShortcut(Qt::ALT | Qt::Key_Right, this, browser_, &QTextBrowser::forward);
+    new QShortcut(Qt::CTRL | Qt::Key_F, this, [this] { goToSearch(); });
+    new QShortcut(Qt::Key_F3, this, [this] {
+        if (!browser_->goToNextMark())
+            goToSearch();
+    });
     connect(back, &QToolButton::clicked, browser_, &QTextBrowser::backward);
     connect(forward, &QToolButton::clicked, browser_, &QTextBrowser::forward);
     connect(browser_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
@@ -278,6 +283,12 @@ void HelpWindow::selectInContents(QString const& page) {
     contents_->setCurrentItem(best);
 }
 
+void HelpWindow::goToSearch() {
+    tabs_->setCurrentIndex(2);
+    searched_->setFocus(Qt::ShortcutFocusReason);
+    searched_->selectAll();
+}
+
 void HelpWindow::keyPressEvent(QKeyEvent* event) {
     bool const control = event->modifiers() & Qt::ControlModifier;
     switch (event->key()) {
@@ -289,13 +300,6 @@ void HelpWindow::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_0:
         if (control)
             browser_->zoom(event->key() == Qt::Key_0 ? 0 : event->key() == Qt::Key_Plus ? 1 : -1);
-        return;
-    case Qt::Key_F:
-        if (control) {
-            tabs_->setCurrentIndex(2);
-            searched_->setFocus();
-            searched_->selectAll();
-        }
         return;
     default:
         QWidget::keyPressEvent(event);

@@ -43,6 +43,7 @@ class HelpWindow : public QWidget {
     QListWidgetItem* firstShown() const;
     /// Shows the page of the index's current line, or of its first one.
     void openFromIndex();
+    void goToSearch();
     void search();
     /// What the contents and the title say follows the page.
     void followPage(QString const& page);

@@ -1,7 +1,9 @@
 #include "desktop/painted_widgets.h"
 
 #include "desktop/control_painter.h"
+#include "desktop/device_pixels.h"
 #include "desktop/fonts.h"
+#include "desktop/keyboard.h"
 #include "desktop/look.h"
 #include "desktop/mouse.h"
 #include "desktop/text.h"
@@ -83,6 +85,17 @@ void PaintedWidget::paintEvent(QPaintEvent*) {
         paintLine(painter, static_cast<platform::Line const&>(*control()));
     } else
         paintControl(painter, *control(), rect());
+    if (showsFocus(*this))
+        paintFrame(painter, rect(), palette().color(QPalette::Highlight));
+}
+
+/// Only a link has the keyboard.
+void PaintedWidget::keyPressEvent(QKeyEvent* event) {
+    bool const enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && control())
+        gate().run([&] { platform::input::press(*control(), platform::Key::enter); });
+    else
+        QWidget::keyPressEvent(event);
 }
 
 bool PaintedWidget::takesMouse() const {

@@ -32,6 +32,7 @@ void place_address(Label& caption, Label& address, double top, std::string_view 
                  line_height);
     address.ForeColor = link;
     address.FontUnderline = true;
+    address.is_link = true;
 }
 
 } // namespace
@@ -60,6 +61,7 @@ InfoForm::InfoForm() : Form("fInfo", FormKind::dialog) {
         label->BackStyle = 0;
     cmd_ok.Caption = "OK";
     cmd_ok.Default = true;
+    cmd_ok.TabIndex = 0; // the keyboard begins there
     cmd_ok.Cancel = true;
     place_buttons({&cmd_ok}, nullptr, inner_width, inner_height);
 }

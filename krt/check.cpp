@@ -22,7 +22,7 @@ struct Checked {
 
 Checked check_card(kehystin::Reading reading) {
     Checked checked{std::move(reading.findings), {}, kehystin::link_card(reading.data)};
-    for (auto const check : all_checks)
+    for (auto const check : kehystin::all_checks)
         if (auto fields = told(check, reading.data); !fields.empty())
             checked.checks.emplace_back(check, std::move(fields));
     return checked;

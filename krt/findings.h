@@ -37,11 +37,6 @@ std::string faults_of(kehystin::Reading const& reading);
 /// What is said of a linking that ended before its time.
 std::string text_of(base::RuntimeError const& linking_failure);
 
-/// All checks, in the order in which a card is checked before it is written.
-inline constexpr kehystin::Check all_checks[] = {
-    kehystin::Check::no_title, kehystin::Check::unlinked_title, kehystin::Check::columns,
-    kehystin::Check::no_label, kehystin::Check::same_title};
-
 /// What a check has to tell: nothing about as many columns as the register takes.
 std::vector<int> told(kehystin::Check check, kehystin::CardData& card);
 

@@ -20,8 +20,11 @@ class Label : public TextControl {
     Property<int> Alignment{*this, 0};
     Property<int> BackStyle{*this, 1};
     Property<int> BorderStyle{*this, 0};
+    /// A click leads somewhere, and so does Enter on the label.
+    bool is_link = false;
 
     ControlClass control_class() const override { return ControlClass::label; }
+    bool takes_focus() const override { return is_link; }
     std::span<PropertyEntry const> properties() const override;
     void copy_look(Control const& prototype) override;
 };

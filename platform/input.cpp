@@ -140,7 +140,9 @@ std::vector<OptionButton*> group_of(OptionButton const& option) {
 }
 
 bool is_tab_stop(Control& control) {
-    if (!control.TabStop || !control.can_take_focus())
+    // A key does nothing to a picture.
+    if (!control.TabStop || !control.can_take_focus() ||
+        control.control_class() == ControlClass::picture_box)
         return false;
     auto const* const option = dynamic_cast<OptionButton const*>(&control);
     if (!option || option->Value)
@@ -170,8 +172,9 @@ bool press_by_key(Control& control) {
         return true;
     }
     auto const kind = control.control_class();
-    bool const is_pressed =
-        button || kind == ControlClass::check_box || kind == ControlClass::option_button;
+    auto const* const label = dynamic_cast<Label const*>(&control);
+    bool const is_pressed = button || kind == ControlClass::check_box ||
+                            kind == ControlClass::option_button || (label && label->is_link);
     if (is_pressed)
         click(control);
     return is_pressed;
@@ -248,8 +251,10 @@ void type(Control& control, std::string_view text) {
 void press(Control& control, Key key) {
     require_reachable(control);
     auto& form = control.form();
-    if (key == Key::enter && control.control_class() == ControlClass::button) {
-        press_by_key(control); // the button in hand comes before the default one
+    // The button or link in hand comes before the default button.
+    auto const kind = control.control_class();
+    if (key == Key::enter && (kind == ControlClass::button || kind == ControlClass::label)) {
+        press_by_key(control);
         return;
     }
     if (key == Key::enter || key == Key::escape) {

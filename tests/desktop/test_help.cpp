@@ -212,8 +212,8 @@ TEST_F(Help, LinksAreFollowedAndTheWayLeadsBackAndForward) {
 TEST_F(Help, SearchFindsWordsInAllPagesAndMarksThem) {
     start_with_help();
     press_f1();
-    ASSERT_TRUE(soon([] { return help_window(); }));
-    QTest::keyClick(help_window(), Qt::Key_F, Qt::ControlModifier);
+    ASSERT_TRUE(soon([] { return help_window() && help_window()->isActiveWindow(); }));
+    QTest::keyClick(&page(), Qt::Key_F, Qt::ControlModifier); // wherever the keyboard is
     auto& typed = part<QLineEdit>("searched");
     auto& hits = part<QListWidget>("hits");
     ASSERT_TRUE(typed.isVisible());
@@ -225,6 +225,12 @@ TEST_F(Help, SearchFindsWordsInAllPagesAndMarksThem) {
 
     typed.setText(QStringLiteral("sarakejärjestys LINKIT"));
     EXPECT_GE(hits.count(), 1);
+    QTest::keyClick(&typed, Qt::Key_Return);
+    ASSERT_GT(page().extraSelections().size(), 1);
+    int const first = page().textCursor().position();
+    QTest::keyClick(&typed, Qt::Key_F3);
+    EXPECT_GT(page().textCursor().position(), first);
+    page().showPage(QStringLiteral("tyokalutKenttamaaritykset.htm"));
     typed.setText(QStringLiteral("xyzzy"));
     ASSERT_EQ(hits.count(), 1);
     QTest::keyClick(&typed, Qt::Key_Return);

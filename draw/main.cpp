@@ -1,6 +1,6 @@
-// krt-draw NAME FORMAT SCALE [links]: the card on standard input becomes a picture on standard
+// krt-draw NAME FORMAT SCALE SIZE [links]: the card on standard input becomes a picture on standard
 // output. NAME is the card's file: its folder is that of the pictures beside the card, and messages
-// begin with it.
+// begin with it. SIZE is as many pixels as the longer side of a PNG has at most, 0 for any number.
 #include "card/reading.h"
 #include "desktop/look.h"
 #include "desktop/pictures.h"
@@ -57,14 +57,16 @@ void complain(std::string const& name, std::string const& what) {
 }
 
 std::optional<Wanted> wanted_by(int argc, char* argv[]) {
-    if (argc < 4)
+    if (argc < 5)
         return std::nullopt;
     auto const format = draw::formatNamed(QString::fromUtf8(argv[2]));
     bool readable = false;
     double const scale = QByteArray(argv[3]).toDouble(&readable);
     if (!format || !readable || !(scale > 0))
         return std::nullopt;
-    return Wanted{argv[1], {*format, scale}, argc > 4 && !std::strcmp(argv[4], "links")};
+    return Wanted{argv[1],
+                  {*format, scale, QByteArray(argv[4]).toInt()},
+                  argc > 5 && !std::strcmp(argv[5], "links")};
 }
 
 /// Nothing around the program changes what it paints: no display, no theme, no scale of a screen.

@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace draw {
@@ -62,6 +63,10 @@ bool Picture::writePng(platform::Form const& form, QSize size, QIODevice& to) co
     QPainter painter(&image);
     desktop::paintForm(painter, form, QRect(QPoint(), size));
     painter.end();
+    image.setDevicePixelRatio(1);
+    if (longest > 0 && std::max(image.width(), image.height()) > longest)
+        image = image.scaled(QSize(longest, longest).boundedTo(image.size()), Qt::KeepAspectRatio,
+                             Qt::SmoothTransformation);
     return QImageWriter(&to, "png").write(image);
 }
 

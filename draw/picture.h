@@ -17,6 +17,7 @@ enum class Format { png, svg, pdf };
 struct Picture {
     Format format = Format::png;
     double scale = 1; ///< pixels of the picture to one of the form
+    int longest = 0;  ///< a PNG is made smaller until its longer side has no more pixels; 0 for any
     QString title = {};
 
     /// How many pixels the style's small drawings have to one of the form.

@@ -43,9 +43,16 @@ struct Drawing {
     std::string file = {}; ///< its ending says of which kind
     double scale = 1;      ///< pixels of the picture to one of the card
     bool links = false;    ///< with the lines of the links
+    /// Pixels of the longer side at most; 0 for as many as the scale gives.
+    int size = 0;
 };
 inline constexpr double smallest_scale = 0.25;
 inline constexpr double largest_scale = 8;
+inline constexpr int smallest_size = 16;
+inline constexpr int largest_size = 1024;
+/// With a size it is a thumbnail for a file manager: a PNG whatever its file is called, drawn only
+/// of a card without faults and within a second; where there is none nothing is written, and the
+/// status is `findings`.
 Status draw(std::string const& file, Drawing const& drawing);
 
 /// Lists what the editor has kept of cards that were not saved; with a name, writes that one out.

@@ -1,4 +1,5 @@
 #include "krt/commands.h"
+#include "krt/deadline.h"
 #include "krt/files.h"
 #include "krt/painter.h"
 #include "krt/shown.h"
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <utility>
 
 namespace krt {
 
@@ -28,9 +30,37 @@ bool is_drawn(std::string const& ending) {
     return std::find(known.begin(), known.end(), ending) != known.end();
 }
 
+/// The words of the program that paints.
+std::vector<std::string> words_for(std::string const& file, std::string const& format,
+                                   Drawing const& drawing) {
+    std::vector<std::string> words{file, format, std::to_string(drawing.scale),
+                                   std::to_string(drawing.size)};
+    if (drawing.links)
+        words.emplace_back("links");
+    return words;
+}
+
+/// A file manager names a thumbnail as it likes, waits for it, and takes one that is there for a
+/// true one.
+Status draw_thumbnail(std::string const& file, Drawing const& drawing) {
+    if (drawing.size < smallest_size || drawing.size > largest_size) {
+        complain("--size", "koko on 16 - 1024");
+        return Status::failed;
+    }
+    Deadline const deadline(std::chrono::milliseconds(800));
+    auto shown = spares_source(file, drawing.file) ? read_to_show(file) : std::nullopt;
+    if (!shown || shown->status != Status::quiet)
+        return Status::findings;
+    auto const painted = paint(words_for(file, "png", drawing), std::move(shown->card));
+    Deadline::lift(); // what is written is written to its end
+    return painted && write_whole(drawing.file, painted->bytes) ? Status::quiet : Status::findings;
+}
+
 } // namespace
 
 Status draw(std::string const& file, Drawing const& drawing) {
+    if (drawing.size != 0)
+        return draw_thumbnail(file, drawing);
     auto const ending = drawing.file == "-" ? "png" : ending_of(drawing.file);
     if (!is_drawn(ending)) {
         complain(drawing.file, "kuvan pääte on .png, .svg tai .pdf");
@@ -43,11 +73,8 @@ Status draw(std::string const& file, Drawing const& drawing) {
     auto shown = spares_source(file, drawing.file) ? read_to_show(file) : std::nullopt;
     if (!shown)
         return Status::failed;
-    std::vector<std::string> words{file, ending, std::to_string(drawing.scale)};
-    if (drawing.links)
-        words.emplace_back("links");
     // As it has been repaired; the other program has no questions left.
-    auto const painted = paint(words, std::move(shown->card));
+    auto const painted = paint(words_for(file, ending, drawing), std::move(shown->card));
     if (!painted || !write_whole(drawing.file, painted->bytes))
         return Status::failed;
     return worse(shown->status, painted->status);

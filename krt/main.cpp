@@ -189,6 +189,10 @@ void add_commands(CLI::App& program, Wanted& wanted) {
     draw.add_option("--scale", wanted.drawing.scale,
                     "kuvan pikseleitä kortin pikseliä kohti, 0.25 - 8")
         ->type_name("LUKU");
+    draw.add_option("--size", wanted.drawing.size,
+                    "pikkukuva: PNG, jonka pitempi sivu on enintään LUKU pikseliä, 16 - 1024")
+        ->type_name("LUKU")
+        ->excludes("--scale");
 
     auto& form = add_command(
         program, wanted, "form", "tekee kortista sivun selaimeen", card,

@@ -2,6 +2,7 @@
 
 #include "card/format.h"
 #include "card/writing.h"
+#include "krt/deadline.h"
 #include "krt/files.h"
 
 #include <algorithm>
@@ -111,11 +112,17 @@ pid_t start(fs::path const& program, std::vector<std::string> const& words, int 
     posix_spawn_file_actions_adddup2(&streams, out, STDOUT_FILENO);
     // Ignored, as the one who starts krt may have it, it would take the end of the process with it.
     std::signal(SIGCHLD, SIG_DFL);
-    pid_t process = 0;
-    bool const started =
-        posix_spawn(&process, program.c_str(), &streams, nullptr, arguments.data(), environ) == 0;
+    posix_spawnattr_t kind;
+    posix_spawnattr_init(&kind);
+    auto const process = Deadline::start_watched(kind, [&] {
+        pid_t begun = 0;
+        bool const started =
+            posix_spawn(&begun, program.c_str(), &streams, &kind, arguments.data(), environ) == 0;
+        return started ? begun : 0;
+    });
+    posix_spawnattr_destroy(&kind);
     posix_spawn_file_actions_destroy(&streams);
-    return started ? process : 0;
+    return process;
 }
 
 /// Nothing where it did not end by itself.

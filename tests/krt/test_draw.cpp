@@ -152,3 +152,46 @@ TEST_F(Krt, DrawKeepsItsMemorySmall) {
     EXPECT_LT(used.ru_maxrss, 100 * 1024);
 #endif
 }
+
+TEST_F(KrtDraw, AThumbnailIsSmallAndAlwaysAPicture) {
+    take("asiakkaat.krt");
+    ASSERT_EQ(run("draw --size 128 -o 'oma kuva' -- asiakkaat.krt"), 0) << err;
+    EXPECT_EQ(size_of_png(bytes_of(folder / "oma kuva")), std::pair(128, 79));
+    take("kolmesataa.krt");
+    ASSERT_EQ(run("draw --size 256 -o - kolmesataa.krt"), 0) << err;
+    EXPECT_EQ(size_of_png(out).first, 256);
+    take("vanha.krt"); // a card is not made larger, and an old one is no broken one
+    ASSERT_EQ(run("draw --size 1024 -o a.svg vanha.krt"), 0) << err;
+    ASSERT_EQ(run("draw -o b.png vanha.krt"), 0) << err;
+    EXPECT_TRUE(bytes_of(folder / "a.svg") == bytes_of(folder / "b.png"));
+    EXPECT_EQ(run("draw --size 8 -o c.png vanha.krt"), 2);
+    EXPECT_EQ(run("draw --size 64 --scale 2 -o c.png vanha.krt"), 2);
+}
+
+TEST_F(KrtDraw, AThumbnailOfABrokenOrHostileCardIsNotWritten) {
+    take("rikki.krt");
+    auto const whole = bytes_of(fs::path(KRT_EXAMPLES) / "kolmesataa.krt");
+    write("puolikas.krt", whole.substr(0, whole.size() / 2));
+    write("tyhja.krt", "");
+    write("muu.krt", picture_header(100, 100));
+    fs::create_directory(folder / "kansio.krt");
+    ASSERT_EQ(mkfifo((folder / "putki.krt").c_str(), 0600), 0); // nobody ever writes to it
+    fs::create_symlink("/dev/zero", folder / "loputon.krt");
+    for (auto const* const card :
+         {"rikki", "puolikas", "tyhja", "muu", "kansio", "putki", "loputon", "ei_ole"}) {
+        EXPECT_EQ(run(std::string("draw --size 128 -o kuva.png ") + card + ".krt"), 1) << card;
+        EXPECT_FALSE(fs::exists(folder / "kuva.png")) << card;
+    }
+}
+
+TEST_F(KrtDraw, WhatPaintsAThumbnailForTooLongEndsWithAllThatItStarted) {
+    fs::copy_file(KRT_PROGRAM, folder / "krt");
+    write("krt-draw", "#!/bin/sh\nsleep 60 &\necho $! > started\nwait\n");
+    fs::permissions(folder / "krt-draw", fs::perms::owner_all);
+    take("asiakkaat.krt");
+    EXPECT_EQ(run("--version", " && ./krt draw --size 128 asiakkaat.krt -o kuva.png"), 1);
+    EXPECT_FALSE(fs::exists(folder / "kuva.png"));
+    // Whoever sees to orphans may not have buried it yet.
+    EXPECT_NE(
+        run("--version", " && sleep 0.1 && grep -q 'State:.[^Z]' /proc/$(cat started)/status"), 0);
+}

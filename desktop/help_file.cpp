@@ -19,14 +19,10 @@ namespace desktop {
 
 namespace {
 
-/// Beside the program, or where programs are installed that only programs start.
+/// Beside the program.
 QString readerProgram() {
-    QDir const folder(QCoreApplication::applicationDirPath());
-    auto const name = QString::fromLatin1(help_reader::program);
-    auto const beside = folder.filePath(name);
-    return QFileInfo::exists(beside)
-               ? beside
-               : folder.filePath(QStringLiteral("../libexec/kehystin/") + name);
+    return QDir(QCoreApplication::applicationDirPath())
+        .filePath(QString::fromLatin1(help_reader::program));
 }
 
 /// What the reader says of a file; nothing where it falls over it or does not come back.

@@ -138,6 +138,33 @@ TEST(HelpFile, HasEveryPageOfTheProgramAndEveryLinkAndPictureLeadsSomewhere) {
             << name.toStdString() << " is on no page";
 }
 
+TEST(HelpFile, HoldsItsSourcesByteByByte) {
+    auto const file = desktop::HelpFile::open(helpFile);
+    ASSERT_TRUE(file);
+    QDir const sources(QStringLiteral(KEHYSTIN_SOURCES "/help"));
+    QStringList expected;
+    for (auto const* const kind : {"*.htm", "*.css", "*.hhc", "*.hhk", "pictures/*.png"}) {
+        auto const path = QString::fromLatin1(kind);
+        QDir const folder(sources.filePath(QFileInfo(path).path()));
+        for (auto const& name : folder.entryList({QFileInfo(path).fileName()}, QDir::Files))
+            expected.append(sources.relativeFilePath(folder.filePath(name)));
+    }
+    for (auto const& name : expected) {
+        QFile source(sources.filePath(name));
+        ASSERT_TRUE(source.open(QIODevice::ReadOnly));
+        auto bytes = source.readAll();
+        if (name.startsWith(QLatin1String("editor55"))) // in the code page of the format
+            bytes = QString::fromUtf8(bytes).toLatin1();
+        EXPECT_TRUE(file->read(name) == bytes)
+            << name.toStdString() << " has changed: run tools/compile_help";
+    }
+    expected.append(QStringLiteral("_#_README_#_")); // the compiler's own words
+    auto held = file->names();
+    held.sort();
+    expected.sort();
+    EXPECT_EQ(held.join(u' ').toStdString(), expected.join(u' ').toStdString());
+}
+
 TEST(HelpFile, ContentsAndIndexLeadToEveryPageInTheirOwnLetters) {
     auto const file = desktop::HelpFile::open(helpFile);
     ASSERT_TRUE(file);

@@ -1,5 +1,6 @@
 #include "app/start.h"
 
+#include "app/given_files.h"
 #include "app/settings_file.h"
 #include "boxes/failure_report.h"
 #include "cardfile/document_commands.h"
@@ -154,10 +155,13 @@ void load(Step& step) {
     upd_sts();
     fEditor->Visible = true;
     step = Step::command_line;
+    auto const given = host().start_files();
     auto const line = host().command_line();
-    if (!line.empty()) {
+    if (!given.empty() || !line.empty()) {
         // Sizing and the panel's timer are left as they are: the new card sees to both.
-        if (examine_command_line(line))
+        if (!given.empty())
+            session.startFile = first_file(given);
+        else if (examine_command_line(line))
             return;
         step = Step::existence;
         if (!session.startFile.empty() && !file_exists(session.startFile))
@@ -169,6 +173,7 @@ void load(Step& step) {
     step = Step::timers;
     session.isSizing = false;
     fEditor->paintTimer.Enabled = true;
+    tell_of_others(given);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "app/wiring.h"
 
 #include "app/end.h"
+#include "app/given_files.h"
 #include "cardfile/document_commands.h"
 #include "cardfile/work_rescue.h"
 #include "dialogs/cols.h"
@@ -142,6 +143,7 @@ void wire_editor_form() {
     form.Click = MDIForm_Click;
     form.Resize = MDIForm_Resize;
     form.QueryUnload = MDIForm_QueryUnload;
+    form.FilesDropped = open_given_files;
     // F1 as a key opens the page of the place; the entry beside which it stands, the contents.
     form.KeyDown = help_KeyDown;
     wire_menus(form);

@@ -10,6 +10,7 @@
 #include <QPalette>
 #include <QPixmap>
 #include <QPointer>
+#include <QUrl>
 #include <QWidget>
 
 #include <algorithm>
@@ -67,6 +68,14 @@ QDrag* makeDrag(QWidget& widget, platform::Button& button) {
     drag->setPixmap(dropOutline(widget, button));
     drag->setHotSpot(hotSpot);
     return drag;
+}
+
+QStringList draggedFiles(QMimeData const& data) {
+    QStringList files;
+    for (auto const& url : data.urls())
+        if (url.isLocalFile())
+            files.append(url.toLocalFile());
+    return files;
 }
 
 platform::Control* draggedControl(QMimeData const& data) {

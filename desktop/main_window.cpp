@@ -1,11 +1,14 @@
 #include "desktop/main_window.h"
 
+#include "desktop/drag.h"
 #include "desktop/keyboard.h"
 #include "desktop/look.h"
 #include "desktop/text.h"
 #include "platform/input.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
 
@@ -66,6 +69,8 @@ platform::WindowState stateOf(QWidget const& window) {
                                   : platform::WindowState::normal;
 }
 
+constexpr int untilOpen = 50; // milliseconds until the gate is looked at again
+
 constexpr QSize decoration(2 * frameWidth, 2 * frameWidth + captionHeight);
 
 } // namespace
@@ -81,6 +86,7 @@ MainWindow::MainWindow(platform::Form& form, EventGate& gate)
     menuBar()->setNativeMenuBar(false);
     menuBar()->setFixedHeight(menuBarHeight);
     setCentralWidget(surface_);
+    setAcceptDrops(true);
     // A window manager that maximises tells of the size before it tells of the state: a size is the
     // normal one only when no state has followed it.
     constexpr int aMoment = 300; // milliseconds
@@ -112,7 +118,7 @@ void MainWindow::remove(platform::Control const& control) {
 }
 
 void MainWindow::takeOverForm() {
-    setWindowTitle(toQt(form_->Caption.get()));
+    setWindowTitle(toQtLine(form_->Caption.get()));
     area_->setBackground(toColour(form_->BackColor));
     takeOverState();
     takeOverGeometry();
@@ -275,13 +281,45 @@ void MainWindow::sendState() {
 }
 
 void MainWindow::sendLater(void (MainWindow::*send)()) {
-    constexpr int untilOpen = 50; // milliseconds
     QTimer::singleShot(gate_.isClosed() ? untilOpen : 0, this, send);
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
     if (!form_ || !(sendDialogKey(*form_, gate_, *event) || sendBarKey(*form_, gate_, *event)))
         QMainWindow::keyPressEvent(event);
+}
+
+/// Files are copied in, so to speak: whoever offers them to be moved keeps them.
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    bool const isBehindBox = QApplication::activeModalWidget() != nullptr;
+    if (!form_ || isBehindBox || draggedFiles(*event->mimeData()).isEmpty())
+        return event->ignore();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+/// Every place is as good as the one where they came in.
+void MainWindow::dragMoveEvent(QDragMoveEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    auto const files = draggedFiles(*event->mimeData());
+    if (!form_ || files.isEmpty())
+        return event->ignore();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    activateWindow();
+    // The other program waits for the end of the drop, and not for the answer to a question.
+    QTimer::singleShot(0, this, [this, files] { sendFiles(files); });
+}
+
+void MainWindow::sendFiles(QStringList const& files) {
+    if (gate_.isClosed())
+        QTimer::singleShot(untilOpen, this, [this, files] { sendFiles(files); });
+    else if (form_)
+        gate_.run([&] { platform::input::drop_files(*form_, fromQt(files)); });
 }
 
 bool MainWindow::focusNextPrevChild(bool next) {

@@ -40,6 +40,9 @@ class MainWindow : public QMainWindow, public FormView {
     void moveEvent(QMoveEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
   private:
@@ -50,6 +53,8 @@ class MainWindow : public QMainWindow, public FormView {
     /// Tells the program where the window stands and what outer size it has.
     void sendGeometry();
     void sendState();
+    /// Gives dropped files to the program, when the gate takes them.
+    void sendFiles(QStringList const& files);
     /// Does so in a moment, when the gate takes it.
     void sendLater(void (MainWindow::*send)());
     QRect formGeometry() const;

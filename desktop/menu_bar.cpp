@@ -18,7 +18,7 @@ namespace {
 
 /// Blanks behind a caption once made room for a shortcut; Qt does that by itself.
 QString displayed(platform::Menu const& menu) {
-    auto text = toQt(menu.Caption.get());
+    auto text = toQtLine(menu.Caption.get());
     while (text.endsWith(u' '))
         text.chop(1);
     return menu.UseMnemonic ? text : text.replace(u'&', QLatin1String("&&"));

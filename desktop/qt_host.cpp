@@ -76,7 +76,7 @@ QtHost::QtHost(QStringList const& arguments)
     : gate_({[this] { bringUpToDate(); }, [this](std::string_view what) { unhandled(what); },
              [this] { endSession(); }}),
       timers_(gate_),
-      commandLine_(arguments.join(u' ')) {}
+      commandLine_(readCommandLine(arguments)) {}
 
 QtHost::~QtHost() {
     for (auto const& [form, view] : views_)
@@ -264,7 +264,11 @@ std::string QtHost::state_folder() const {
 }
 
 std::string QtHost::command_line() const {
-    return fromQt(commandLine_);
+    return fromQt(commandLine_.text);
+}
+
+std::vector<std::string> QtHost::start_files() const {
+    return fromQt(commandLine_.files);
 }
 
 std::string QtHost::absolute_path(std::string const& path) const {

@@ -1,6 +1,7 @@
 // QtHost: the machine as the program sees it, and the windows of its forms.
 #pragma once
 
+#include "desktop/command_line.h"
 #include "desktop/event_gate.h"
 #include "desktop/form_view.h"
 #include "desktop/help_viewer.h"
@@ -64,6 +65,7 @@ class QtHost : public platform::Host {
     std::string program_folder() const override;
     std::string state_folder() const override;
     std::string command_line() const override;
+    std::vector<std::string> start_files() const override;
     std::string absolute_path(std::string const& path) const override;
     bool open_help(std::string const& file, std::string const& topic) override;
     bool open_link(std::string const& target) override;
@@ -100,7 +102,7 @@ class QtHost : public platform::Host {
     platform::Background background_;
     EventGate gate_;
     Timers timers_;
-    QString commandLine_;
+    CommandLine commandLine_;
     std::vector<platform::Control*> marked_;
     std::unordered_map<platform::Control const*, FormView*> views_;
     MainWindow* mainWindow_ = nullptr;

@@ -14,9 +14,10 @@ namespace desktop {
 
 Screenshot::Screenshot(int& argc, char* argv[]) {
     auto** const end = argv + argc;
-    auto** const option = std::find_if(
-        argv, end, [](char const* word) { return !std::strcmp(word, "--screenshot"); });
-    if (end - option < 2)
+    auto** const option = std::find_if(argv, end, [](char const* word) {
+        return !std::strcmp(word, "--screenshot") || !std::strcmp(word, "--");
+    });
+    if (end - option < 2 || !std::strcmp(*option, "--")) // behind it are files
         return;
     file_ = option[1];
     std::move(option + 2, end, option);

@@ -6,10 +6,12 @@
 #include <QList>
 #include <QRect>
 #include <QString>
+#include <QStringList>
 
 #include <cmath>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace desktop {
 
@@ -19,6 +21,22 @@ inline QString toQt(std::string_view text) {
 
 inline std::string fromQt(QString const& text) {
     return text.toStdString();
+}
+
+inline std::vector<std::string> fromQt(QStringList const& texts) {
+    std::vector<std::string> all;
+    for (auto const& text : texts)
+        all.push_back(fromQt(text));
+    return all;
+}
+
+/// For a title or an entry: the name of a file may hold line breaks.
+inline QString toQtLine(std::string_view text) {
+    auto line = toQt(text);
+    for (auto& letter : line)
+        if (letter.category() == QChar::Other_Control)
+            letter = u' ';
+    return line;
 }
 
 /// Line breaks as Qt draws them.

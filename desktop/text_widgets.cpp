@@ -1,9 +1,11 @@
 #include "desktop/text_widgets.h"
 
+#include "desktop/drag.h"
 #include "desktop/text.h"
 #include "platform/input.h"
 
 #include <QApplication>
+#include <QDragEnterEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 
@@ -344,6 +346,21 @@ void TextArea::inputMethodEvent(QInputMethodEvent* event) {
     QInputMethodEvent finished;
     QPlainTextEdit::inputMethodEvent(&finished);
     event->accept();
+}
+
+/// Files are for the window, though they come as text too.
+void TextField::dragEnterEvent(QDragEnterEvent* event) {
+    if (draggedFiles(*event->mimeData()).isEmpty())
+        QLineEdit::dragEnterEvent(event);
+    else
+        event->ignore();
+}
+
+void TextArea::dragEnterEvent(QDragEnterEvent* event) {
+    if (draggedFiles(*event->mimeData()).isEmpty())
+        QPlainTextEdit::dragEnterEvent(event);
+    else
+        event->ignore();
 }
 
 } // namespace desktop

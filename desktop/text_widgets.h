@@ -51,6 +51,7 @@ class TextField : public QLineEdit, public TextInput {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
 
   private:
     void takeOverText();
@@ -76,6 +77,7 @@ class TextArea : public QPlainTextEdit, public TextInput {
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
 };
 
 } // namespace desktop

@@ -3,7 +3,9 @@
 
 #include <concepts>
 #include <functional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace platform {
 
@@ -53,6 +55,9 @@ using KeyPressEvent = std::function<void(int index, char32_t& key)>;
 
 /// A control of this tag is dropped on a form, at a point in the form's unit.
 using DragDropEvent = std::function<void(Control& source, double X, double Y)>;
+
+/// Files from outside are dropped on a form: their names.
+using FilesDroppedEvent = std::function<void(std::vector<std::string> const& files)>;
 
 /// `user` is true when the close comes from the window's own button; setting `cancel` keeps the
 /// form loaded.

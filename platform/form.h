@@ -36,6 +36,7 @@ class Form : public TextControl, public Canvas {
     Event Unload;
     QueryUnloadEvent QueryUnload;
     DragDropEvent DragDrop;
+    FilesDroppedEvent FilesDropped;
     /// A key by its name ("F1", "Ctrl+S") before the menus see it; true takes it from them.
     std::function<bool(std::string_view keys)> KeyDown;
 

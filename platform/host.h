@@ -135,6 +135,9 @@ class Host {
     /// Where the program keeps what must not be lost; empty where nothing is to be kept.
     virtual std::string state_folder() const { return {}; }
     virtual std::string command_line() const = 0;
+    /// Files that the start is to open, each by its name as it stands; none where the command line
+    /// says what to do.
+    virtual std::vector<std::string> start_files() const { return {}; }
     /// A path that means the same file from any folder. A host without folders gives it as written.
     virtual std::string absolute_path(std::string const& path) const { return path; }
     /// Opens a page of a help file; false when nothing can show it.

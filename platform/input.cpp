@@ -469,6 +469,14 @@ void drop(Control& source, Form& form, double x, double y) {
     });
 }
 
+void drop_files(Form& form, std::vector<std::string> const& files) {
+    require_reachable(form);
+    System::at_edge([&] {
+        if (auto const handler = form.FilesDropped)
+            handler(files);
+    });
+}
+
 void resize(Form& form, double width, double height) {
     require_front(form);
     System::at_edge([&] { form.take_size(width, height); });

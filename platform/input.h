@@ -8,7 +8,9 @@
 
 #include <optional>
 #include <stdexcept>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -69,6 +71,9 @@ bool takes_drop(Form& form, double x, double y);
 
 /// A control that can be dragged is dropped on a form, at a point inside it in pixels.
 void drop(Control& source, Form& form, double x, double y);
+
+/// Files from outside are dropped on a form, wherever on it.
+void drop_files(Form& form, std::vector<std::string> const& files);
 
 /// A form takes another outer size or place, in twips.
 void resize(Form& form, double width, double height);

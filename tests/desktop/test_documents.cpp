@@ -1,10 +1,12 @@
 // New, open, save and close with real clicks and keys.
+#include "desktop/text.h"
 #include "model/settings.h"
-#include "tests/desktop/real_program.h"
+#include "tests/desktop/mouse_program.h"
 
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMdiSubWindow>
+#include <QUrl>
 
 namespace kehystin {
 
@@ -123,6 +125,74 @@ TEST_F(Documents, F1AsAKeyKeepsThePageOfThePlaceAndTheEntryOpensTheContents) {
     NextBox missing(QStringLiteral("OK"));
     action(QStringLiteral("Hakemisto"))->trigger();
     EXPECT_EQ(session.helpTopic, "sisallys.htm");
+}
+
+namespace {
+
+using DroppedFiles = MouseProgram;
+
+QList<QUrl> urls_of(QStringList const& files) {
+    QList<QUrl> urls;
+    for (auto const& file : files)
+        urls.append(QUrl::fromLocalFile(file));
+    return urls;
+}
+
+} // namespace
+
+TEST_F(DroppedFiles, OpenWhereverOnTheWindowTheyAreDropped) {
+    auto const files = {copy_of(QStringLiteral("vanha.krt")),
+                        copy_of(QStringLiteral("laskut.krt"))};
+    auto const broken = folder.filePath(QStringLiteral("rivi\nkaksi %20.krt"));
+    QFile::copy(QStringLiteral(KEHYSTIN_SOURCES "/examples/asiakkaat.krt"), broken);
+    start(QStringLiteral("examples/jasenet.krt"));
+    click(middle_of(1)); // its place stands in a text box then
+    ASSERT_TRUE(soon([&] { return window()->findChild<QWidget*>("txt_left"); }));
+    session.cardModified = false;
+    QMimeData data;
+    auto const drop_on = [&](QWidget& onto, QString const& file) {
+        data.setUrls(urls_of({file}));
+        EXPECT_TRUE(drop(data, onto, {60, 5}));
+        EXPECT_NE(desktop::toQt(session.cardFile), file); // only when the drop is over
+        return soon([&] { return desktop::toQt(session.cardFile) == file; });
+    };
+    EXPECT_TRUE(drop_on(widget("txt_left"), *files.begin()));
+    EXPECT_TRUE(drop_on(*canvas(), *(files.begin() + 1)));
+    EXPECT_FALSE(session.cardModified);
+    EXPECT_TRUE(drop_on(*window(), broken));
+    EXPECT_EQ(window()->windowTitle().count(u'\n'), 0);
+    EXPECT_TRUE(action(desktop::toQt(fEditor->lastFile(1).Caption.get()).replace(u'\n', u' ')));
+}
+
+TEST_F(DroppedFiles, ManyAreTakenAsOneAndOtherThingsNotAtAll) {
+    start();
+    QMimeData data;
+    data.setText(QStringLiteral("/etc/passwd"));
+    EXPECT_FALSE(drop(data, *window(), {60, 5}));
+    data.setUrls({QUrl(QStringLiteral("https://www.kehystin.example/kortti.krt"))});
+    EXPECT_FALSE(drop(data, *window(), {60, 5}));
+    QStringList files{copy_of(QStringLiteral("vanha.krt"))};
+    for (int i = 0; i < 9999; ++i)
+        files.append(QStringLiteral("/ei/ole/%1.krt").arg(i));
+    data.setUrls(urls_of(files));
+    NextBox others(QStringLiteral("OK"));
+    EXPECT_TRUE(drop(data, *window(), {60, 5}));
+    ASSERT_TRUE(soon([&] { return others.was_shown(); }));
+    EXPECT_TRUE(others.text().contains(QStringLiteral("ja 9994 muuta")));
+    EXPECT_EQ(desktop::toQt(session.cardFile), files.first());
+}
+
+TEST_F(DroppedFiles, WaitBehindNoBox) {
+    start(QStringLiteral("examples/vanha.krt"));
+    QMimeData data;
+    data.setUrls(urls_of({copy_of(QStringLiteral("laskut.krt"))}));
+    WhileOpen<QMessageBox> asked([&](QMessageBox& box) {
+        EXPECT_FALSE(drop(data, *window(), {60, 5}));
+        box.reject();
+    });
+    card_window()->close();
+    QTest::qWait(50);
+    EXPECT_EQ(session.cardFile.find("laskut"), std::string::npos);
 }
 
 } // namespace kehystin

@@ -23,20 +23,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char const* name = "krt-draw";
+constexpr char const* name = "krt-draw"; // beside krt itself
 
 /// Bytes of a drawing, which stands in memory until the old file can be replaced.
 constexpr std::size_t largest_picture = 64U * 1024 * 1024;
 
-/// Beside krt itself, or where programs are installed that only programs start.
+/// The link by which krt may have been started is not where it lies.
 std::optional<fs::path> find_program() {
     std::error_code ignored;
     auto const folder = fs::read_symlink("/proc/self/exe", ignored).parent_path();
-    for (auto const& place : {folder / name, folder / "../libexec/kehystin" / name})
-        if (!folder.empty() && fs::is_regular_file(place, ignored) &&
-            access(place.c_str(), X_OK) == 0)
-            return place;
-    return std::nullopt;
+    auto const place = folder / name;
+    if (folder.empty() || !fs::is_regular_file(place, ignored) || access(place.c_str(), X_OK) != 0)
+        return std::nullopt;
+    return place;
 }
 
 struct Descriptor {

@@ -25,7 +25,7 @@ namespace {
 void takeOverCaption(QAbstractButton& widget, std::string_view caption) {
     if (auto const text = toQt(caption); widget.text() != text) {
         widget.setText(text);
-        widget.setAccessibleName(QString(text).remove(u'&'));
+        widget.setAccessibleName(QString(text).remove(u'&').trimmed());
     }
 }
 

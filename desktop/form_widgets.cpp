@@ -16,6 +16,11 @@ namespace {
 
 using platform::ControlClass;
 
+/// A name without what a caption has for the eye alone.
+QString spoken(std::string_view name) {
+    return toQt(name).remove(u'&').trimmed();
+}
+
 bool hasWidget(platform::Control const& control) {
     auto const kind = control.control_class();
     return kind != ControlClass::form && kind != ControlClass::menu && kind != ControlClass::timer;
@@ -104,6 +109,9 @@ void FormWidgets::place(ControlWidget& shown) {
     if (auto const tip = toQt(control.ToolTipText.get()); widget.toolTip() != tip)
         widget.setToolTip(tip);
     shown.takeOver();
+    if (auto const name = spoken(control.spoken_name());
+        !name.isEmpty() && widget.accessibleName() != name)
+        widget.setAccessibleName(name);
     if (widget.isVisibleTo(widget.parentWidget()) != control.Visible)
         widget.setVisible(control.Visible);
 }

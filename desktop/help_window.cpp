@@ -9,6 +9,7 @@
 #include <QListWidget>
 #include <QShortcut>
 #include <QStyle>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -61,6 +62,8 @@ HelpWindow::HelpWindow(std::unique_ptr<HelpFile> file)
     layout->addWidget(makeBar());
     layout->addWidget(split_, 1);
     tabs_->setDocumentMode(true);
+    tabs_->setAccessibleName(QStringLiteral("Ohjeen osat"));
+    tabs_->tabBar()->setAccessibleName(QStringLiteral("Ohjeen osat"));
     tabs_->addTab(makeContents(), QStringLiteral("Sisällys"));
     tabs_->addTab(makeIndex(), QStringLiteral("Hakemisto"));
     tabs_->addTab(makeSearch(), QStringLiteral("Haku"));
@@ -133,6 +136,7 @@ QWidget* HelpWindow::makeBar() {
 QWidget* HelpWindow::makeContents() {
     contents_ = new QTreeWidget;
     contents_->setObjectName(QStringLiteral("contents"));
+    contents_->setAccessibleName(QStringLiteral("Sisällys"));
     contents_->setHeaderHidden(true);
     contents_->setFrameShape(QFrame::NoFrame);
     contents_->setUniformRowHeights(true);
@@ -151,7 +155,9 @@ QWidget* HelpWindow::makeIndex() {
     auto* const typed = new QLineEdit;
     typed->setObjectName(QStringLiteral("indexWord"));
     typed->setPlaceholderText(QStringLiteral("Kirjoita hakusanan alku"));
+    typed->setAccessibleName(QStringLiteral("Hakusana"));
     index_ = new QListWidget;
+    index_->setAccessibleName(QStringLiteral("Hakemisto"));
     index_->setObjectName(QStringLiteral("index"));
     layout->addWidget(typed);
     layout->addWidget(index_, 1);
@@ -167,8 +173,10 @@ QWidget* HelpWindow::makeSearch() {
     searched_ = new QLineEdit;
     searched_->setObjectName(QStringLiteral("searched"));
     searched_->setPlaceholderText(QStringLiteral("Kirjoita etsittävät sanat"));
+    searched_->setAccessibleName(QStringLiteral("Etsittävät sanat"));
     searched_->setClearButtonEnabled(true);
     hits_ = new QListWidget;
+    hits_->setAccessibleName(QStringLiteral("Löydetyt sivut"));
     hits_->setObjectName(QStringLiteral("hits"));
     hits_->setWordWrap(true);
     hits_->setAlternatingRowColors(true);
@@ -263,6 +271,7 @@ void HelpWindow::search() {
 void HelpWindow::followPage(QString const& page) {
     auto const title = browser_->documentTitle();
     auto const whole = QStringLiteral("Kehystimen ohje"); // the first page's title too
+    browser_->setAccessibleName(title.isEmpty() ? whole : title);
     setWindowTitle(title.isEmpty() || title == whole ? whole
                                                      : title + QStringLiteral(" – ") + whole);
     selectInContents(page);

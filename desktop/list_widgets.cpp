@@ -1,5 +1,6 @@
 #include "desktop/list_widgets.h"
 
+#include "desktop/spoken_combo.h"
 #include "desktop/text.h"
 #include "platform/input.h"
 
@@ -55,6 +56,7 @@ ComboBoxWidget::ComboBoxWidget(platform::ComboBox& box, QWidget& parent, EventGa
     setMaxVisibleItems(most);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setModel(&items_);
+    letCombosSpeak();
     connect(this, &QComboBox::activated, this, [this](int index) {
         if (auto* const list = static_cast<platform::ComboBox*>(control()))
             this->gate().run([&] { platform::input::pick(*list, index); });

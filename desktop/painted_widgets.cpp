@@ -48,7 +48,8 @@ void PaintedWidget::takeOver() {
     if (control()->control_class() == ControlClass::label) {
         auto const& label = static_cast<platform::Label const&>(*control());
         auto const caption = toQt(label.Caption.get());
-        setAccessibleName(caption);
+        if (caption != accessKeyCaption_)
+            setAccessibleName(QString(caption).remove(u'&').trimmed());
         takeOverAccessKey(caption);
     }
     update();

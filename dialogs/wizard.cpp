@@ -42,6 +42,7 @@ void load_rows(int count) {
     for (int i = form.ladattu + 1; i <= count; ++i) {
         form.load_row(i);
         form.labOtsikko(i).Caption = "Kenttä " + std::to_string(i) + ":";
+        form.txtOtsikko(i).set_spoken_name("Kenttä " + std::to_string(i));
         if (auto const& title = form.otsikot.at(static_cast<std::size_t>(i)); !title.empty())
             form.txtOtsikko(i).Text = title;
         form.labOtsikko(i).Visible = true;

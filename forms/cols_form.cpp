@@ -17,6 +17,7 @@ ColsForm::ColsForm() : Form("fCols", FormKind::dialog) {
     set_inner_size(*this, inner_width, inner_height);
     lst.Move(margin, margin, list_width, list_height);
     lst.BackColor = colours::white;
+    lst.set_spoken_name(Caption.get());
     cmd_up.Caption = "&Ylös";
     cmd_up.Move(buttons_left, margin, button_width, button_height);
     cmd_down.Caption = "&Alas";

@@ -28,6 +28,7 @@ void build_field_bar(EditorForm& form) {
     for (std::size_t i = 0; i < kinds.size(); ++i) {
         auto& button = form.*form.drag_buttons[i];
         button.Tag = std::string(kinds[i].prefix);
+        button.set_spoken_name("Lisää " + std::string(kinds[i].name));
         button.Picture = Picture::named(button.name());
         button.DragMode = true;
         button.Move(60, top, 480, 480);
@@ -38,6 +39,8 @@ void build_field_bar(EditorForm& form) {
     form.pic_lock.BackColor = face;
     form.pic_lock.Move(120, top + 90, 360, 360);
     form.pic_lock.Visible = false;
+    form.pic_lock.set_spoken_name("Kentät lukittu");
+    form.fldBar.set_spoken_name("Kenttäpalkki");
     form.fldBar.Visible = false;
 }
 
@@ -48,6 +51,8 @@ void build_panel(EditorForm& form) {
     form.labPro.Move(90, 90, 2400, 240);
     form.cmd_close_pro.Caption = "×";
     form.cmd_close_pro.Move(2640, 60, 270, 270);
+    form.cmd_close_pro.set_spoken_name("Sulje ominaisuudet");
+    form.cmb_field.set_spoken_name("Valittu kenttä");
     form.cmb_field.Move(60, 390, 2850, 330);
     form.cmb_field.BackColor = face;
     form.cmb_field.Enabled = false;
@@ -66,6 +71,10 @@ void build_panel(EditorForm& form) {
     form.scr_pro.SmallChange = static_cast<int>(row_step);
     form.scr_pro.LargeChange = static_cast<int>(row_step) * 4;
     form.scr_pro.Visible = false;
+    form.scr_pro.set_spoken_name("Vieritä ominaisuuksia");
+    for (auto* const area : {&form.proBar, &form.proBot})
+        area->set_spoken_name(form.labPro.Caption.get());
+    form.proPic.set_spoken_name(form.labPro.Caption.get());
     form.proBar.Visible = false;
 }
 
@@ -79,6 +88,19 @@ void place_button(EditorForm& form, PanelRow const& row) {
 
 /// Characters: more than any record holds, and no more than a line of text can be edited with ease.
 constexpr int longest_text = 32767;
+
+/// A row's parts bear its caption; what each of them is says the rest.
+void name_row(EditorForm& form, PanelRow const& row) {
+    (form.*row.editor).set_spoken_name(row.caption);
+    if (row.scroll)
+        (form.*row.scroll).set_spoken_name(row.caption);
+    if (row.button)
+        (form.*row.button).set_spoken_name(row.caption);
+    if (row.swatch)
+        (form.*row.swatch).set_spoken_name(row.caption);
+    if (row.list)
+        (form.*row.list).set_spoken_name(row.caption);
+}
 
 void build_row(EditorForm& form, PanelRow const& row) {
     auto& caption = form.labProp.Load(static_cast<int>(row.row));
@@ -110,6 +132,7 @@ void build_row(EditorForm& form, PanelRow const& row) {
         (form.*row.list).BackColor = colours::white;
         (form.*row.list).Visible = false;
     }
+    name_row(form, row);
 }
 
 void build_list_editor(EditorForm& form) {
@@ -118,6 +141,13 @@ void build_list_editor(EditorForm& form) {
     form.bot_list.Visible = false;
     form.lst_list.BackColor = colours::white;
     form.lst_list.Move(60, 60, value_right - 120, 1320);
+    form.bot_list.set_spoken_name(panel_row(Row::list).caption);
+    form.lst_list.set_spoken_name(panel_row(Row::list).caption);
+    form.cmd_list_add.set_spoken_name("Lisää rivi");
+    form.cmd_list_change.set_spoken_name("Muuta riviä");
+    form.cmd_list_del.set_spoken_name("Poista rivi");
+    form.cmd_list_up.set_spoken_name("Siirrä riviä ylös");
+    form.cmd_list_down.set_spoken_name("Siirrä riviä alas");
     double left = 60;
     for (auto* const button : {&form.cmd_list_add, &form.cmd_list_change, &form.cmd_list_del,
                                &form.cmd_list_up, &form.cmd_list_down}) {
@@ -144,6 +174,7 @@ void build_rows(EditorForm& form) {
 EditorForm::EditorForm() : Form("fEditor", FormKind::main) {
     place_bar(icoBar, Dock::top, 555);
     ico.prototype().Move(90, 60, 435, 435);
+    icoBar.set_spoken_name("Kuvakepalkki");
     stsBar.Height = 330;
     stsBar.set_panel_count(5);
     build_field_bar(*this);

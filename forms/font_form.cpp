@@ -34,6 +34,8 @@ void place_column(Label& label, ListBox& list, TextBox& text, double left, doubl
     list.BackColor = colours::white;
     text.Move(left, text_top, width, box);
     text.BackColor = colours::white;
+    list.set_spoken_name(label.Caption.get());
+    text.set_spoken_name(label.Caption.get());
 }
 
 void place_swatch(Button& button, PicturePanel& swatch, double top) {

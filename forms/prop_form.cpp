@@ -30,6 +30,8 @@ void place_density(Label& label, TextBox& text, ScrollBar& spin, double top, int
     text.Move(text_left, top, text_width, box);
     text.BackColor = colours::white;
     spin.Move(text_left + text_width + 30, top, spin_width, box);
+    for (Control* const part : {static_cast<Control*>(&text), static_cast<Control*>(&spin)})
+        part->set_spoken_name(label.Caption.get());
     spin.Min = -largest_density;
     spin.Max = -lowest;
     spin.Value = -lowest;

@@ -49,6 +49,7 @@ double place_rows(SpeciForm& form, Frame& panel, double top, std::initializer_li
         label.Move(0, top + label_drop, box_left - gap, box - label_drop);
         row.combo.Move(box_left, top, box_width, box);
         row.combo.BackColor = colours::white;
+        row.combo.set_spoken_name(row.label);
         top += row_step;
     }
     return top + margin - gap;
@@ -59,11 +60,14 @@ constexpr double number_width = 1020;
 constexpr double spin_width = 270;
 constexpr double second_left = 2940;
 
-void place_number(TextBox& text, ScrollBar& spin, double left, double top) {
+void place_number(TextBox& text, ScrollBar& spin, double left, double top,
+                  std::string_view spoken_name) {
     constexpr int range = 1000;
     text.Move(left, top, number_width, box);
     text.BackColor = colours::white;
     spin.Move(left + number_width + 30, top, spin_width, box);
+    text.set_spoken_name(spoken_name);
+    spin.set_spoken_name(spoken_name);
     spin.Min = -range;
     spin.Max = range;
 }
@@ -79,17 +83,19 @@ void build_number_settings(SpeciForm& form, double top) {
         label.Move(left, row_top + label_drop, number_left - left - gap, box - label_drop);
     };
     place_label(form.labArvoalue, "Arvoalue");
-    place_number(form.txtAsiakasMin, form.scrAsiakasMin, number_left, row_top);
-    place_number(form.txtAsiakasMax, form.scrAsiakasMax, second_left, row_top);
+    place_number(form.txtAsiakasMin, form.scrAsiakasMin, number_left, row_top, "Arvoalueen alku");
+    place_number(form.txtAsiakasMax, form.scrAsiakasMax, second_left, row_top, "Arvoalueen loppu");
     row_top += row_step;
     place_label(form.labAskel, "Askel");
-    place_number(form.txtAsiakasStep, form.scrAsiakasStep, number_left, row_top);
+    place_number(form.txtAsiakasStep, form.scrAsiakasStep, number_left, row_top,
+                 form.labAskel.Caption.get());
     form.chkValiarvot.Caption = "Salli väliarvot";
     form.chkValiarvot.Move(second_left, row_top, 2400, box);
     row_top += row_step;
     form.chkEtunollat.Caption = "Etunollat";
     form.chkEtunollat.Move(left, row_top, number_left - left - gap / 2, box);
-    place_number(form.txtAsiakasNum, form.scrAsiakasNum, number_left, row_top);
+    place_number(form.txtAsiakasNum, form.scrAsiakasNum, number_left, row_top,
+                 form.chkEtunollat.Caption.get());
     row_top += row_step;
     place_label(form.labNroMalli, "Malli");
     form.labMalli.BorderStyle = 1;
@@ -136,6 +142,8 @@ void build_dates(SpeciForm& form) {
             combo->BackColor = colours::white;
             combo->Visible = true;
         }
+        date.set_spoken_name(form.labKentta.Caption.get() + " " + std::to_string(i));
+        quick.set_spoken_name(form.labPikavalinta.Caption.get() + " " + std::to_string(i));
         top += row_step;
     }
 }
@@ -235,6 +243,7 @@ SpeciForm::SpeciForm() : Form("fSpeciField", FormKind::dialog) {
     Label40.Move(margin, frame_top, frame_left - 2 * margin, 240);
     tree.Move(margin, panel_top - gap, frame_left - margin - gap, frame_bottom - panel_top + gap);
     tree.BackColor = colours::white;
+    tree.set_spoken_name(Label40.Caption.get());
     frmAsetus.Caption = " Valittu asetus ";
     frmAsetus.Move(frame_left, frame_top, panel_width + 2 * gap, frame_bottom - frame_top);
     for (auto* const panel : panels()) {

@@ -46,6 +46,7 @@ void build_count_page(VelhoForm& form) {
     form.Label5.Caption = "Montako tekstikenttää haluat kortille?";
     form.Label5.Move(0, top + 60, label_width, box - 60);
     form.txtMaara.Text = "8";
+    form.txtMaara.set_spoken_name(form.Label5.Caption.get());
     form.txtMaara.BackColor = colours::white;
     form.txtMaara.Move(label_width + gap, top, 720, box);
 }
@@ -67,6 +68,7 @@ void build_title_page(VelhoForm& form) {
     text.Move(value_left + 30, 0, value_right - value_left - 30, title_text_height);
     form.scrOtsikko.Move(rows_width + 15, rows_top, bar_width, rows_height);
     form.scrOtsikko.Visible = false;
+    form.scrOtsikko.set_spoken_name("Vieritä otsikoita");
     form.scrOtsikko.Max = 0;
     form.scrOtsikko.SmallChange = static_cast<int>(title_row);
     form.scrOtsikko.LargeChange = static_cast<int>(VelhoForm::rows_in_view * title_row);
@@ -89,6 +91,10 @@ void build_placement_page(VelhoForm& form) {
     form.optAlignLeft.Move(indent, second_group + row, option_width, row);
     form.optAlignRight.Caption = "Oikealle";
     form.optAlignRight.Move(indent, second_group + 2 * row, option_width, row);
+    for (auto* const option : {&form.optPosTop, &form.optPosLeft})
+        option->set_spoken_name(form.Label2.Caption.get() + ": " + option->Caption.get());
+    for (auto* const option : {&form.optAlignLeft, &form.optAlignRight})
+        option->set_spoken_name(form.Label1.Caption.get() + ": " + option->Caption.get());
     form.optPosTop.Value = true;
     form.optAlignLeft.Value = true;
     for (auto* const shown : form.placement_pictures()) {
@@ -114,6 +120,7 @@ void place_sample(Label& caption, PicturePanel& box_of_sample, Label& sample, La
     sample.Alignment = static_cast<int>(Alignment::centre);
     description.Move(right_left, top, right_width, sample_height - button_height - 30);
     button.Caption = "Muokkaa...";
+    button.set_spoken_name(caption.Caption.get() + ": muokkaa"); // there are two of them
     button.Move(right_left, top + sample_height - button_height, button_width, button_height);
 }
 

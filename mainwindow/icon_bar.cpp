@@ -65,6 +65,13 @@ Icon const* icon_in(Button const& button) {
     return icon_of(std::atoi(button.Tag.get().c_str()));
 }
 
+/// Without a tip the icon is called what its menu entry is; two of them have neither.
+std::string_view spoken_name_of(Icon const& icon) {
+    if (!icon.tip.empty())
+        return icon.tip;
+    return icon.entry ? ((*fEditor).*icon.entry).Caption.get() : std::string_view("Ei toimintoa");
+}
+
 void draw_icon(Button& button, Icon const& icon) {
     bool const enabled = icon.grey == GreyState::none || ((*fEditor).*icon.entry).Enabled;
     button.Enabled = enabled;
@@ -83,6 +90,7 @@ void add_icon(Icon const& icon, double& x) {
     button.Left = x;
     x += settings.icoLarge != 0 ? 540 : 510;
     button.Tag = std::to_string(icon.number);
+    button.set_spoken_name(spoken_name_of(icon));
     draw_icon(button, icon);
     button.Visible = true;
 }

@@ -20,9 +20,9 @@ std::string tip_of(Control const& control) {
         for (auto const& icon : icon_table())
             if (icon.number == std::atoi(control.Tag.get().c_str()))
                 return std::string(icon.tip);
-    for (std::size_t i = 0; i < kinds.size(); ++i)
-        if (&control == &((*fEditor).*fEditor->drag_buttons[i]))
-            return " Lisää " + std::string(kinds[i].name) + " ";
+    for (auto const button : fEditor->drag_buttons)
+        if (&control == &((*fEditor).*button))
+            return " " + std::string(control.spoken_name()) + " ";
     return {};
 }
 

@@ -105,6 +105,7 @@ void prepare_list(PanelRow const& row) {
     list.Left = fEditor->proPic.Left + editor.Left;
     list.Width = editor.Width + (row.row == Row::link ? 0 : wider);
     place_pop_up(list, row.row, std::clamp(list.ListCount(), 1, most_items) * item_height + 60);
+    list.set_spoken_name(row.caption);
     if (!row.value.tag.empty())
         list.Tag = std::string(row.value.tag); // tells the shared list whom it serves
     if (row.row == Row::link_mode)

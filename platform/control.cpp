@@ -75,6 +75,19 @@ Control::~Control() {
     remove_last(container_->children_, this);
     remove_last(form_->controls_, this);
     remove_last(form_->tab_order_, this);
+    form_->spoken_names_.erase(this);
+}
+
+std::string_view Control::spoken_name() const {
+    auto const found = form_->spoken_names_.find(this);
+    return found == form_->spoken_names_.end() ? std::string_view() : found->second;
+}
+
+void Control::set_spoken_name(std::string_view name) {
+    if (name == spoken_name())
+        return;
+    form_->spoken_names_[this] = std::string(name);
+    mark();
 }
 
 PropertyEntry const* Control::find_property(std::string_view name) const {

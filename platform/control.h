@@ -104,6 +104,10 @@ class Control {
     bool covers(double x, double y) const {
         return Left <= x && x < Left + Width && Top <= y && y < Top + Height;
     }
+    /// What the control is called for those who do not see it, where its caption does not say it.
+    /// The form keeps it: what has no such name costs nothing. Empty without one.
+    std::string_view spoken_name() const;
+    void set_spoken_name(std::string_view name);
     /// Above everything else in its container.
     void bring_to_front();
     /// Gives the control the keyboard focus, if it can take it; otherwise nothing happens.

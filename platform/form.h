@@ -3,6 +3,8 @@
 
 #include "platform/controls.h"
 
+#include <map>
+
 namespace platform {
 
 enum class FormKind {
@@ -83,6 +85,7 @@ class Form : public TextControl, public Canvas {
     bool closing_ = false;
     std::vector<Control*> controls_;
     std::vector<Control*> tab_order_;
+    std::map<Control const*, std::string> spoken_names_;
 };
 
 } // namespace platform

@@ -1,0 +1,166 @@
+// What a screen reader finds: names.
+#include "desktop/help_window.h"
+#include "desktop/text.h"
+#include "forms/panel_rows.h"
+#include "surface/adding.h"
+#include "tests/desktop/mouse_program.h"
+
+#include <QAccessible>
+#include <QComboBox>
+#include <QTreeWidget>
+
+#include <chrono>
+
+namespace kehystin {
+
+namespace {
+
+QString name_of(QObject& what) {
+    auto* const found = QAccessible::queryAccessibleInterface(&what);
+    return found ? found->text(QAccessible::Name) : QString();
+}
+
+/// What takes the focus in a window and has no name, as " class object;".
+QString nameless(QWidget& window) {
+    QString found;
+    int focusable = 0;
+    for (auto* const one : window.findChildren<QWidget*>()) {
+        if (!one->isVisible() || one->focusPolicy() == Qt::NoFocus)
+            continue;
+        ++focusable;
+        auto const name = name_of(*one);
+        // Signs for the eye say nothing when they are read.
+        if (name.trimmed().isEmpty() || name.contains(u'&') || name == QStringLiteral("▾") ||
+            name == QStringLiteral("…"))
+            found += u' ' + QLatin1String(one->metaObject()->className()) + u' ' +
+                     one->objectName() + u' ' + name + u';';
+    }
+    return focusable ? found : QStringLiteral("nothing takes the focus");
+}
+
+} // namespace
+
+#define EXPECT_ALL_NAMED(window) EXPECT_EQ(nameless(window).toStdString(), "")
+
+class Readers : public MouseProgram {
+  protected:
+    /// Does what opens a dialog, `use`s it when it is up, and closes it where it still stands.
+    static void in_dialog(std::function<void()> const& open,
+                          std::function<void(QWidget&)> const& use) {
+        auto* const before = QApplication::activeModalWidget();
+        bool used = false;
+        QTimer waiting;
+        waiting.callOnTimeout([&] {
+            QPointer<QWidget> const modal = QApplication::activeModalWidget();
+            if (used || !modal || modal == before || !modal->isVisible())
+                return;
+            used = true;
+            EXPECT_ALL_NAMED(*modal) << modal->windowTitle().toStdString();
+            use(*modal);
+            if (modal && modal == QApplication::activeModalWidget())
+                modal->close();
+        });
+        waiting.start(std::chrono::milliseconds(10));
+        open();
+        EXPECT_TRUE(used);
+    }
+    void in_entry(char const* entry, std::function<void(QWidget&)> const& use) {
+        in_dialog([&] { action(QString::fromUtf8(entry))->trigger(); }, use);
+    }
+    static QString name_in(QWidget& dialog, char const* widget) {
+        auto* const found = dialog.findChild<QWidget*>(QLatin1String(widget));
+        return found ? name_of(*found) : QStringLiteral("?");
+    }
+};
+
+TEST_F(Readers, EveryPartOfTheMainWindowHasAName) {
+    start(QStringLiteral("examples/asiakkaat.krt"));
+    EXPECT_ALL_NAMED(*window());
+    EXPECT_EQ(name_of(widget("drag_cmb")), QStringLiteral("Lisää alasvetovalikko"));
+    EXPECT_EQ(name_of(widget("ico(1)")), QStringLiteral("Uusi"));
+    QStringList icons;
+    for (int i = 1; i <= session.iconCount; ++i)
+        icons += name_of(widget(fEditor->ico(i).full_name().c_str()));
+    EXPECT_TRUE(icons.contains(QStringLiteral("Lukitse kentät"))); // it has no tip
+    QList<Row> seen;
+    for (auto const& kind : kinds) {
+        auto& button = (*fEditor).*fEditor->drag_buttons[kind_index(kind.style)];
+        Form_DragDrop(button, 5, 5);
+        ASSERT_TRUE(field(card.fields).is(kind.style)) << kind.prefix;
+        for (auto const number : panel_kind(kind.prefix)->rows) {
+            auto const& row = panel_row(number);
+            auto const caption = desktop::toQt(row.caption);
+            auto const expect_caption = [&](Control& part) {
+                EXPECT_EQ(name_of(widget(part.name().c_str())), caption) << part.name();
+            };
+            if (!((*fEditor).*row.editor).Enabled)
+                continue;
+            ((*fEditor).*row.editor).SetFocus();
+            if (row.list)
+                ((*fEditor).*row.list).Visible = true;
+            fEditor->bot_list.Visible = number == Row::list;
+            QCoreApplication::processEvents();
+            EXPECT_ALL_NAMED(*window()) << kind.prefix << " " << row.caption;
+            expect_caption((*fEditor).*row.editor);
+            if (row.scroll)
+                expect_caption((*fEditor).*row.scroll);
+            if (row.button)
+                expect_caption((*fEditor).*row.button);
+            if (row.list)
+                expect_caption((*fEditor).*row.list);
+        }
+    }
+}
+
+TEST_F(Readers, EveryPartOfADialogHasAName) {
+    start(QStringLiteral("examples/asiakkaat.krt"));
+    in_entry("Asetukset...", [](QWidget& dialog) {
+        EXPECT_EQ(name_in(dialog, "txt_grid_X"), QStringLiteral("Vaakatiheys"));
+        EXPECT_EQ(name_in(dialog, "scr_guide_Y"), QStringLiteral("Pystytiheys"));
+    });
+    in_entry("Kenttämääritykset...", [](QWidget& dialog) {
+        EXPECT_EQ(name_in(dialog, "txtAsiakasStep"), QStringLiteral("Askel"));
+        auto& tree = *dialog.findChild<QTreeWidget*>(QStringLiteral("tree"));
+        for (int i = 1; i < tree.topLevelItemCount(); ++i) {
+            QTest::keyClick(&tree, Qt::Key_Down);
+            EXPECT_ALL_NAMED(dialog) << i;
+        }
+        auto& box = *dialog.findChild<QComboBox*>(QStringLiteral("cmbLaskuselite"));
+        EXPECT_EQ(name_of(box), QStringLiteral("Maksuselite: ") + box.currentText().trimmed());
+    });
+    in_entry("Sarakejärjestys...", [](QWidget&) {});
+    in_entry("Info...", [](QWidget&) {});
+    in_entry("Uusi...", [](QWidget& wizard) {
+        for (int page = 1; page < 4; ++page) {
+            QTest::keyClick(&wizard, Qt::Key_Return);
+            EXPECT_ALL_NAMED(wizard) << page;
+        }
+        EXPECT_EQ(name_in(wizard, "txtOtsikko(2)"), QStringLiteral("Kenttä 2"));
+        auto* const font = wizard.findChild<QAbstractButton*>(QStringLiteral("cmdFontOts"));
+        ASSERT_TRUE(font && font->isVisible());
+        in_dialog([&] { font->click(); },
+                  [](QWidget& dialog) {
+                      EXPECT_EQ(name_in(dialog, "lst_size"), QStringLiteral("Koko"));
+                  });
+    });
+}
+
+TEST_F(Readers, EveryPartOfTheHelpHasAName) {
+    start();
+    session.appPath =
+        desktop::fromQt(QFileInfo(QStringLiteral(KEHYSTIN_HELP)).absolutePath() + u'/');
+    QTest::keyClick(window(), Qt::Key_F1);
+    for (auto* const widget : QApplication::topLevelWidgets())
+        if (dynamic_cast<desktop::HelpWindow*>(widget) && widget->isVisible()) {
+            auto* const tabs = widget->findChild<QTabWidget*>();
+            for (int i = 0; i < tabs->count(); ++i) {
+                tabs->setCurrentIndex(i);
+                EXPECT_ALL_NAMED(*widget) << i;
+            }
+            widget->close();
+            return;
+        }
+    ADD_FAILURE() << "no help";
+}
+
+} // namespace kehystin

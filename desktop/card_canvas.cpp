@@ -5,6 +5,7 @@
 #include "desktop/form_painter.h"
 #include "desktop/look.h"
 #include "desktop/mouse.h"
+#include "desktop/spoken_card.h"
 #include "platform/input.h"
 
 #include <QPaintEvent>
@@ -22,11 +23,13 @@ CardCanvas::CardCanvas(platform::Form& form, EventGate& gate) : form_(&form), ga
     setAcceptDrops(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setContextMenuPolicy(Qt::PreventContextMenu);
+    letCardsSpeak();
 }
 
 void CardCanvas::takeOver(platform::Control const& control) {
     if (control.container() != form_)
         return; // a picture box of a card holds pictures, not controls
+    ++changes_;
     auto const before = shown_.value(&control);
     Shown now;
     if (control.Visible) {
@@ -69,10 +72,13 @@ void CardCanvas::updateBackground() {
 }
 
 void CardCanvas::remove(platform::Control const& control) {
+    ++changes_;
     changed(shown_.take(&control));
 }
 
 void CardCanvas::settle() {
+    if (QAccessible::isActive())
+        tellChanges(*this);
     if (!changed_.isEmpty())
         update(changed_.take());
 }

@@ -30,6 +30,13 @@ class CardCanvas : public QWidget {
     void settle();
     void forgetForm() { form_ = nullptr; }
 
+    /// Null once the form has gone.
+    platform::Form const* form() const { return form_; }
+    /// Whether the control shows. One that has gone does not, so its address does no harm here.
+    bool shows(platform::Control const* control) const { return form_ && shown_.contains(control); }
+    /// Grows whenever a control comes, changes or goes.
+    unsigned changes() const { return changes_; }
+
   protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -64,6 +71,7 @@ class CardCanvas : public QWidget {
     ChangedPlaces changed_;
     ChangedPlaces changedStanding_; // where the layer no longer shows what stands there
     QHash<platform::Control const*, Shown> shown_;
+    unsigned changes_ = 0;
 };
 
 } // namespace desktop

@@ -4,6 +4,7 @@
 #include "platform/controls.h"
 
 #include <map>
+#include <optional>
 
 namespace platform {
 
@@ -18,6 +19,16 @@ enum class FormKind {
 enum class ScaleMode { twips, pixels };
 
 enum class WindowState { normal = 0, minimized = 1, maximized = 2 };
+
+/// What stands on a painted form, as it is told to those who do not see it.
+struct Spoken {
+    std::string kind;
+    std::string name;
+    bool selected = false;
+    bool locked = false;
+
+    bool operator==(Spoken const&) const = default;
+};
 
 /// Left, Top, Width and Height are the window's outer ones, in twips.
 class Form : public TextControl, public Canvas {
@@ -41,6 +52,9 @@ class Form : public TextControl, public Canvas {
     FilesDroppedEvent FilesDropped;
     /// A key by its name ("F1", "Ctrl+S") before the menus see it; true takes it from them.
     std::function<bool(std::string_view keys)> KeyDown;
+    /// Tells a control of a child form in words; nothing for what is no object of its own, as a
+    /// frame or a line. Asked only while somebody listens. Raises nothing.
+    std::function<std::optional<Spoken>(Control const& control)> Describe;
 
     /// Shows the form and returns when it has closed.
     void ShowModal();

@@ -13,6 +13,7 @@
 #include "surface/grid.h"
 #include "surface/images.h"
 #include "surface/selection.h"
+#include "surface/spoken_field.h"
 #include "surface/visuals.h"
 
 namespace kehystin {
@@ -65,6 +66,7 @@ void wire_card_form() {
     form.MouseMove = Form_MouseMove;
     form.MouseUp = Form_MouseUp;
     form.DragDrop = Form_DragDrop;
+    form.Describe = describe_field;
     for (auto const& kind : kinds) {
         auto& prototype = form.visual(kind.style, 0);
         if (kind.takes_keyboard)

@@ -1,7 +1,9 @@
-// What a screen reader finds: names.
+// What a screen reader finds: names, the fields of the card.
 #include "desktop/help_window.h"
+#include "desktop/spoken_card.h"
 #include "desktop/text.h"
 #include "forms/panel_rows.h"
+#include "mainwindow/card_place.h"
 #include "surface/adding.h"
 #include "tests/desktop/mouse_program.h"
 
@@ -70,6 +72,12 @@ class Readers : public MouseProgram {
     static QString name_in(QWidget& dialog, char const* widget) {
         auto* const found = dialog.findChild<QWidget*>(QLatin1String(widget));
         return found ? name_of(*found) : QStringLiteral("?");
+    }
+    /// The card as a reader finds it, and the field of a number on it.
+    QAccessibleInterface& spoken_card() { return *QAccessible::queryAccessibleInterface(canvas()); }
+    QAccessibleInterface* spoken_field(int number) {
+        auto const at = canvas()->mapToGlobal(middle_of(number));
+        return spoken_card().childAt(at.x(), at.y());
     }
 };
 
@@ -161,6 +169,82 @@ TEST_F(Readers, EveryPartOfTheHelpHasAName) {
             return;
         }
     ADD_FAILURE() << "no help";
+}
+
+TEST_F(Readers, TheCardIsACanvasWithItsFieldsOnIt) {
+    start_free(QStringLiteral("examples/asiakkaat.krt"));
+    window()->resize(1100, 900); // all of the card comes in sight
+    ASSERT_TRUE(soon([&] { return window()->width() == 1100; }));
+    center_card();
+    ASSERT_TRUE(soon(
+        [&] { return QRegion(canvas()->rect()).subtracted(canvas()->visibleRegion()).isEmpty(); }));
+    auto& spoken = spoken_card();
+    EXPECT_EQ(spoken.role(), QAccessible::Canvas);
+    EXPECT_FALSE(spoken.text(QAccessible::Name).trimmed().isEmpty());
+    ASSERT_EQ(spoken.childCount(), card.fields);
+    for (int i = 1; i <= card.fields; ++i) {
+        auto* const one = spoken_field(i);
+        ASSERT_TRUE(one && one->isValid()) << i;
+        EXPECT_EQ(one->rect().topLeft(), canvas()->mapToGlobal(place_of(i).topLeft())) << i;
+        EXPECT_EQ(one->text(QAccessible::Description), desktop::toQt(field(i).kind()->name)) << i;
+        EXPECT_FALSE(one->text(QAccessible::Name).isEmpty()) << i;
+        EXPECT_EQ(one->parent(), &spoken);
+        EXPECT_EQ(spoken.child(spoken.indexOfChild(one)), one) << i;
+        if (field(i).is_title()) {
+            EXPECT_EQ(one->text(QAccessible::Name), desktop::toQt(field(i).caption.trimmed()));
+        }
+    }
+    EXPECT_EQ(spoken.childAt(0, 0), nullptr);
+    auto* const third = spoken_field(3);
+    EXPECT_FALSE(third->state().selected);
+    click(middle_of(3));
+    EXPECT_TRUE(third->state().selected);
+    EXPECT_TRUE(third->state().movable);
+    action(QStringLiteral("Lukitse kentät"))->trigger();
+    EXPECT_TRUE(third->state().readOnly);
+    EXPECT_FALSE(third->state().movable);
+}
+
+namespace {
+
+QStringList told;
+
+void note(QAccessibleEvent* event) {
+    auto* const about = event->accessibleInterface();
+    told += QString::number(event->type(), 16) + u' ' +
+            (about && about->isValid() ? about->text(QAccessible::Name) : QStringLiteral("?"));
+}
+
+QString saying(QAccessible::Event event, QString const& name) {
+    return QString::number(event, 16) + u' ' + name;
+}
+
+} // namespace
+
+TEST_F(Readers, TellsWhatChangesOnTheCard) {
+    start_free(QStringLiteral("examples/asiakkaat.krt"));
+    auto const changes = [&] {
+        told.clear();
+        desktop::tellChanges(dynamic_cast<desktop::CardCanvas&>(*canvas()), note);
+        return told;
+    };
+    EXPECT_EQ(changes(), QStringList());
+    auto const name = spoken_field(3)->text(QAccessible::Name);
+    click(middle_of(3));
+    EXPECT_EQ(changes(), QStringList({saying(QAccessible::StateChanged, name),
+                                      saying(QAccessible::SelectionAdd, name)}));
+    EXPECT_EQ(changes(), QStringList());
+    drag(middle_of(3), middle_of(3) + QPoint(4, 0));
+    EXPECT_TRUE(changes().contains(saying(QAccessible::LocationChanged, name)));
+    QTest::keyClick(&widget("drag_ots"), Qt::Key_Return);
+    auto const whole = spoken_card().text(QAccessible::Name);
+    EXPECT_TRUE(changes().contains(saying(QAccessible::ObjectReorder, whole)));
+    EXPECT_EQ(spoken_card().childCount(), card.fields);
+    {
+        NextBox agreed(QStringLiteral("OK"));
+        action(QStringLiteral("Poista"))->trigger(); // the title that has just come
+    }
+    EXPECT_EQ(spoken_card().childCount(), card.fields);
 }
 
 } // namespace kehystin

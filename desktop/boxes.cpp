@@ -148,6 +148,8 @@ Answer showMessage(QWidget* owner, std::string_view text, int flags, std::string
     box->setWindowTitle(toQt(title));
     box->setTextFormat(Qt::PlainText);
     box->setText(toQtLines(text));
+    // The whole of it at once, also where only a part is in sight.
+    box->setAccessibleDescription(toQtLines(text).trimmed());
     box->setIcon(iconFor(flags));
     auto const buttons = buttonsFor(flags);
     QList<QPushButton*> made;

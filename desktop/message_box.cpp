@@ -123,7 +123,7 @@ void MessageBox::scrollText(QSize room) {
     auto* const parts = new QWidget(this);
     auto* const column = new QVBoxLayout(parts);
     column->setContentsMargins({});
-    scrolled_ = makePage(rest, windowTitle(), parts);
+    scrolled_ = makePage(rest, windowTitle().trimmed(), parts);
     column->addWidget(scrolled_);
     if (!last.isEmpty())
         column->addWidget(makeLine(last, parts));

@@ -1,4 +1,5 @@
-// What a screen reader finds: names, the fields of the card.
+// What a screen reader finds: names, the fields of the card, the texts of boxes.
+#include "desktop/boxes.h"
 #include "desktop/help_window.h"
 #include "desktop/spoken_card.h"
 #include "desktop/text.h"
@@ -169,6 +170,27 @@ TEST_F(Readers, EveryPartOfTheHelpHasAName) {
             return;
         }
     ADD_FAILURE() << "no help";
+}
+
+TEST_F(Readers, ABoxIsReadWhole) {
+    start();
+    QString text;
+    for (int i = 1; i <= 200; ++i)
+        text += QStringLiteral("Rivi %1\r\n").arg(i);
+    text += QStringLiteral("\r\nJatketaanko?     ");
+    for (auto const& told : {text, text.right(20)})
+        in_dialog(
+            [&] {
+                desktop::showMessage(window(), desktop::fromQt(told),
+                                     box::question + box::ok_cancel, " Tallenna");
+            },
+            [&](QWidget& box) {
+                auto* const found = QAccessible::queryAccessibleInterface(&box);
+                EXPECT_EQ(found->text(QAccessible::Description),
+                          QString(told).remove(u'\r').trimmed());
+                EXPECT_FALSE(found->text(QAccessible::Name).isEmpty());
+            });
+    in_dialog([&] { desktop::askText(window(), "Muuta arvo", " Lista", "yksi"); }, [](QWidget&) {});
 }
 
 TEST_F(Readers, TheCardIsACanvasWithItsFieldsOnIt) {

@@ -13,7 +13,6 @@
 #include "model/session.h"
 #include "model/settings.h"
 #include "platform/host.h"
-#include "platform/input.h"
 #include "surface/frames.h"
 #include "surface/grid.h"
 #include "surface/load_card.h"
@@ -170,7 +169,8 @@ void drop_by_key(Control& source) {
     if (!kind || !session.cardFormLoaded)
         return;
     auto const place = free_place(default_look(kind->style), host().visible_part(*fCard));
-    input::drop(source, *fCard, place.x + pointer_inset, place.y + pointer_inset);
+    // Where a field covers the corner, a mouse could not drop one: the keyboard has no other place.
+    Form_DragDrop(source, place.x + pointer_inset, place.y + pointer_inset);
 }
 
 void cmd_field_add_Click() {

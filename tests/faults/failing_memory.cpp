@@ -9,6 +9,11 @@ Memory memory;
 
 } // namespace faults
 
+/// The sanitizer has forms of new of its own that the replaced delete gives back.
+extern "C" char const* __asan_default_options() { // NOLINT: the sanitizer gives the name
+    return "alloc_dealloc_mismatch=0";
+}
+
 void* operator new(std::size_t size) {
     auto& memory = faults::memory;
     if (memory.watched && ++memory.allocations == memory.failing)

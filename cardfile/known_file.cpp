@@ -79,7 +79,9 @@ bool agrees(std::string const& path, std::optional<std::string> const& held) {
     if (!held)
         return !rescue::is_there(path) ||
                ask(path, " Tiedostoa ei voida lukea, joten ei tiedetä, mitä siinä on:     ");
-    if (!held->empty() && !holds_what_is_known(path, *held)) // an empty file is nobody's work
+    // Of the card's own file nothing is left to lose where it is empty.
+    bool const is_emptied = held->empty() && path == known.path;
+    if (!is_emptied && !holds_what_is_known(path, *held))
         return ask(path, path == known.path
                              ? " Toinen ohjelma on muuttanut tiedostoa sen avaamisen jälkeen:     "
                              : " Tiedostossa on toinen kortti kuin se, joka avattiin:     ");

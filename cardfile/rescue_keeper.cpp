@@ -29,6 +29,10 @@ void put_beside(Rescue one) {
     one.step = ++keeper->steps;
     auto name = rescue::name_beside(keeper->running->name(), ++keeper->numbers, one.kind);
     keeper->store.put(name, to_file(one));
+    count_beside(std::move(name), std::move(one));
+}
+
+void count_beside(std::string name, Rescue one) {
     auto const sum = rescue::checksum(one.bytes);
     auto const is_after = one.kind == What::after;
     keeper->beside.push_back({std::move(name), one.kind, std::move(one.file),

@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <exception>
 #include <memory>
 #include <string>
 #include <vector>
@@ -31,7 +32,7 @@ struct Keeper {
     /// What lies in the folder beside the unsaved card until a save is finished: the sides of saves
     /// that were not, and rescues that were opened.
     struct Beside {
-        std::string name;
+        std::string name; ///< of an earlier session's where the disk failed to take it over
         rescue::What kind;
         std::string file;
         std::string bytes;        ///< of the after side
@@ -39,8 +40,6 @@ struct Keeper {
         bool of_open_card = true; ///< the next save of the open card makes it needless
     };
     std::vector<Beside> beside;
-    /// Names of what was taken over from earlier sessions and is still theirs too: the disk failed.
-    std::vector<std::string> taken_over;
 };
 
 /// Null before the session has begun and after its end.
@@ -52,6 +51,8 @@ bool begin_keeping();
 /// Puts a rescue beside the unsaved card, under the next name of this session. Raises what the disk
 /// raises.
 void put_beside(rescue::Rescue one);
+/// Counts a rescue in the folder among those.
+void count_beside(std::string name, rescue::Rescue one);
 
 /// Runs what needs the folder; a failure is remembered.
 template <class Work>
@@ -59,7 +60,7 @@ void with_folder(Work const& work) {
     try {
         if (begin_keeping())
             work();
-    } catch (RuntimeError const&) {
+    } catch (std::exception const&) {
         *keeper->failed = true;
     }
 }

@@ -117,6 +117,12 @@ bool loses_something(std::string_view kept, std::string_view taken) {
     return before.size() != now.size() || !std::all_of(lost.begin(), lost.end(), is_number);
 }
 
+/// A card that was not taken in whole: as one of its own, no later step has all of it.
+Rescue apart(Rescue one) {
+    one.kind = What::work;
+    return one;
+}
+
 /// This session keeps what an earlier one has kept: the card that was opened as its own work, and
 /// what else there is of it until the card is saved.
 void take_over(std::vector<rescue::Found> const& found, rescue::Found const& opened) {
@@ -129,7 +135,7 @@ void take_over(std::vector<rescue::Found> const& found, rescue::Found const& ope
     with_folder([&] {
         for (auto const& one : found)
             if (!is_needless || one.name != opened.name)
-                put_beside(one.rescue);
+                put_beside(one.name == opened.name && !is_whole ? apart(one.rescue) : one.rescue);
         kept = true;
     });
     keep_work_now(); // the disk has it from this session before it goes
@@ -138,7 +144,7 @@ void take_over(std::vector<rescue::Found> const& found, rescue::Found const& ope
         if (is_taken)
             keeper->store.remove(one.name);
         else
-            keeper->taken_over.push_back(one.name);
+            count_beside(one.name, one.rescue);
     }
     tell_failure_to_keep();
     if (!is_whole)

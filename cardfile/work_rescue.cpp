@@ -80,23 +80,26 @@ bool is_as_before(Keeper::Beside const& before) {
 /// not needed.
 template <class IsNeedless>
 void drop_beside(IsNeedless const& is_needless) {
-    std::erase_if(keeper->beside, [&](auto const& one) {
-        if (!is_needless(one))
-            return false;
-        keeper->store.remove(one.name);
-        return true;
+    std::vector<std::string> names; // all are found before the first goes
+    for (auto const& one : keeper->beside)
+        if (is_needless(one))
+            names.push_back(one.name);
+    for (auto const& name : names)
+        keeper->store.remove(name);
+    std::erase_if(keeper->beside, [&](Keeper::Beside const& one) {
+        return std::find(names.begin(), names.end(), one.name) != names.end();
     });
 }
 
-/// The open card lies in a file. What was kept of it goes, and of saves into that file; not what
-/// another file held that lies in pieces.
+/// The open card lies in a file. What was kept of it goes, and what saves into that file were to
+/// write; of what files held before, only what this file held before this card, or what is there
+/// all the same.
 void drop_saved(std::string const& file) {
     drop_beside([&](Keeper::Beside const& one) {
-        return is_one_file(one.file, file) ||
-               (one.of_open_card && (one.kind != What::before || is_as_before(one)));
+        if (one.kind != What::before)
+            return one.of_open_card || is_one_file(one.file, file);
+        return (one.of_open_card && is_one_file(one.file, file)) || is_as_before(one);
     });
-    for (auto const& name : std::exchange(keeper->taken_over, {}))
-        keeper->store.remove(name);
 }
 
 /// The user gave the card up: saves of it that left their file as it was are nothing any more.
@@ -106,8 +109,11 @@ void drop_given_up() {
         if (one.kind == What::before && one.of_open_card && is_as_before(one))
             whole.push_back(one.file);
     drop_beside([&](Keeper::Beside const& one) {
-        return one.kind != What::work && one.of_open_card &&
-               std::find(whole.begin(), whole.end(), one.file) != whole.end();
+        return one.of_open_card &&
+               (one.kind == What::before
+                    ? is_as_before(one)
+                    : one.kind == What::after &&
+                          std::find(whole.begin(), whole.end(), one.file) != whole.end());
     });
 }
 
@@ -126,13 +132,15 @@ bool hands_are_on_the_card() {
 void tell_failure_to_keep() {
     if (!keeper || !*keeper->failed || std::exchange(keeper->failure_told, true))
         return;
-    keeper->tells_failure = true;
+    struct Telling {
+        Telling() { keeper->tells_failure = true; }
+        ~Telling() { keeper->tells_failure = false; }
+    } const telling;
     MsgBox(lines({" Tallentamatonta korttia ei voida pitää tallessa kansiossa     ", "",
                   " " + keeper->store.folder() + "     ", "",
                   " Ohjelma toimii muuten tavalliseen tapaan, mutta keskeytyksen     ",
                   " jälkeen tallentamattomat muutokset on tehtävä uudelleen.     ", ""}),
            box::warning, " Tiedoksi");
-    keeper->tells_failure = false;
 }
 
 void begin_rescue() {
@@ -186,6 +194,8 @@ void drop_work() {
     if (!keeper)
         return;
     drop_given_up();
+    if (!session.cardFormLoaded)
+        set_aside(); // nobody gave up a card that could not be shown any more
     if (std::exchange(keeper->keeps_work, false))
         host().in_background(
             [store = keeper->store, name = name_of_work()] { store.remove(name); });

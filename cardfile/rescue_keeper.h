@@ -8,7 +8,6 @@
 
 #include <atomic>
 #include <cstdint>
-#include <exception>
 #include <memory>
 #include <string>
 #include <vector>
@@ -60,7 +59,7 @@ void with_folder(Work const& work) {
     try {
         if (begin_keeping())
             work();
-    } catch (std::exception const&) {
+    } catch (RuntimeError const&) {
         *keeper->failed = true;
     }
 }

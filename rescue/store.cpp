@@ -16,6 +16,7 @@
 #include <limits>
 #include <map>
 #include <random>
+#include <stdexcept>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <tuple>
@@ -206,7 +207,14 @@ std::vector<std::string> Store::names() const {
 
 RunningSession::RunningSession(Store const& store) : store_(store) {
     make_folder(store.folder());
-    std::random_device random;
+    auto const random = [] {
+        try {
+            return std::random_device()();
+        } catch (
+            std::runtime_error const&) { // a machine that has run out of it: the time tells too
+            return static_cast<unsigned>(::getpid());
+        }
+    };
     for (;;) {
         auto const now = std::time(nullptr);
         std::tm local{};

@@ -220,7 +220,8 @@ void SessionChecks::check_rescue() {
     auto const& names = store.names();
     std::string own;
     for (auto const& name : names)
-        if (name.ends_with(".work") && rescue::is_running(store, rescue::session_of(name)))
+        if (name == rescue::name_of_work(rescue::session_of(name)) &&
+            rescue::is_running(store, rescue::session_of(name)))
             own = name;
     bool const wanted = session.cardFormLoaded && is_unsaved();
     require(own.empty() != wanted,

@@ -231,13 +231,14 @@ RunningSession::RunningSession(Store const& store) : store_(store) {
             continue;
         require(descriptor_ >= 0);
         name_ = name;
+        lock_ = path;
         ::flock(descriptor_, LOCK_EX | LOCK_NB); // nobody else knows the name yet
         return;
     }
 }
 
 RunningSession::~RunningSession() {
-    ::unlink((store_.folder() + name_ + std::string(lock_ending)).c_str());
+    ::unlink(lock_.c_str());
     ::close(descriptor_);
 }
 

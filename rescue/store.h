@@ -58,6 +58,7 @@ class RunningSession {
   private:
     Store const& store_;
     std::string name_;
+    std::string lock_; ///< its path, for an end without memory
     int descriptor_ = -1;
 };
 

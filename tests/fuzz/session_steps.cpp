@@ -273,6 +273,9 @@ void SessionHost::drag() {
 }
 
 Step SessionHost::step() {
+    struct Recovers {
+        ~Recovers() { faults::memory = {}; }
+    } const at_the_end_of_the_step;
     faults::memory = {failing_allocation_ != 0, 0, std::exchange(failing_allocation_, 0)};
     auto const step = [&] {
         try {
@@ -283,7 +286,6 @@ Step SessionHost::step() {
     }();
     memory_failed = memory_failed || (faults::memory.watched &&
                                       faults::memory.allocations >= faults::memory.failing);
-    faults::memory = {};
     return step;
 }
 

@@ -12,14 +12,21 @@ namespace {
 // Mouse positions reach an object in twips; forms and picture boxes, which have a unit of their own
 // inside, get that unit.
 
-[[noreturn]] void refuse(Control const& control, std::string const& why) {
-    throw InputRefused(control.full_name() + " " + why);
+[[noreturn]] void refuse(Control const& control, std::string_view why,
+                         std::string_view detail = {}) {
+    std::string words;
+    try {
+        words = control.full_name().append(" ").append(why).append(detail);
+    } catch (std::bad_alloc const&) {
+        // The refusal itself is what matters.
+    }
+    throw InputRefused(std::move(words));
 }
 
 void require_front(Control const& control) {
     auto* const modal = System::current().active_modal();
     if (modal && &control.form() != modal)
-        refuse(control, "is behind the modal form " + modal->name());
+        refuse(control, "is behind the modal form ", modal->name());
 }
 
 void require_reachable(Control const& control) {
@@ -371,7 +378,7 @@ void select(TextBox& box, int start, int length) {
 void pick(ListControl& list, int index) {
     require_reachable(list);
     if (index < 0 || index >= list.ListCount())
-        refuse(list, "has no item " + std::to_string(index));
+        refuse(list, "has no item ", std::to_string(index));
     System::at_edge([&] {
         System::current().move_focus(&list);
         list.ListIndex = index;
@@ -383,7 +390,7 @@ void scroll(ScrollBar& bar, int value) {
     require_reachable(bar);
     auto const [least, most] = std::minmax({bar.Min.get(), bar.Max.get()});
     if (value < least || value > most)
-        refuse(bar, "does not reach " + std::to_string(value));
+        refuse(bar, "does not reach ", std::to_string(value));
     System::at_edge([&] {
         if (!bar.QueryScroll || bar.QueryScroll())
             bar.Value = value;

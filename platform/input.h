@@ -6,18 +6,25 @@
 
 #include "platform/form.h"
 
+#include <exception>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace platform {
 
-/// A user could not have done that: the control is hidden, disabled, or behind a modal form.
-class InputRefused : public std::runtime_error {
+/// A user could not have done that: the control is hidden, disabled, or behind a modal form. Says
+/// nothing more where the memory for the words is missing.
+class InputRefused : public std::exception {
   public:
-    using std::runtime_error::runtime_error;
+    InputRefused() noexcept = default;
+    explicit InputRefused(std::string why) noexcept : why_(std::move(why)) {}
+    [[nodiscard]] char const* what() const noexcept override { return why_.c_str(); }
+
+  private:
+    std::string why_;
 };
 
 /// Keys without a character of their own.

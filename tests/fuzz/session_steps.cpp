@@ -158,7 +158,7 @@ template <class Class>
 Class& SessionHost::require(platform::Form& form) {
     auto* const control = reachable<Class>(form);
     if (!control)
-        throw platform::InputRefused("there is none");
+        throw platform::InputRefused(); // there is none
     return *control;
 }
 

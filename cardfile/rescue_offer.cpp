@@ -7,6 +7,7 @@
 #include "cardfile/work_rescue.h"
 #include "model/card.h"
 #include "model/session.h"
+#include "panel/panel_fit.h"
 #include "platform/host.h"
 #include "rescue/disk.h"
 
@@ -218,8 +219,10 @@ void offer_one(Offer const& offer) {
 void offer_rescue() {
     if (!keeper || !keeper->store.keeps())
         return;
-    if (auto const offer = choose_offer())
+    if (auto const offer = choose_offer()) {
+        paintTimer_Timer(); // no timer runs while a box stands, and the panel has no rows yet
         offer_one(*offer);
+    }
 }
 
 } // namespace kehystin

@@ -117,10 +117,11 @@ void drop_given_up() {
     });
 }
 
-/// What could not be written is tried again: the disk may have room by then.
+/// What could not be written is tried again: the disk may have room by then. Where the lock has
+/// gone, somebody has deleted the folder.
 bool is_kept() {
-    return keeper->keeps_work && !*keeper->failed && keeper->kept_file == session.cardFile &&
-           is_same_card(keeper->kept, open_card);
+    return keeper->keeps_work && !*keeper->failed && keeper->running->is_locked() &&
+           keeper->kept_file == session.cardFile && is_same_card(keeper->kept, open_card);
 }
 
 bool hands_are_on_the_card() {

@@ -82,6 +82,16 @@ TEST_F(WorkRescue, NothingIsKeptWhileTheHandsAreOnTheCardUnlessTheProcessEnds) {
     EXPECT_TRUE(kept());
 }
 
+TEST_F(WorkRescue, AFolderThatIsDeletedIsMadeAgainAndItsSessionRuns) {
+    keep_work();
+    std::filesystem::remove_all(folder / "state");
+    keep_work();
+    EXPECT_TRUE(kept());
+    rescue::Store const store(folder / "state");
+    EXPECT_TRUE(rescue::look_for_rescues(store).rescues.empty());
+    EXPECT_TRUE(rescue::is_open_elsewhere(store, "", session.cardFile));
+}
+
 TEST_F(WorkRescue, EveryFileIsKeptBeforeItIsSavedOver) {
     auto const path = save_as("a.krt");
     auto const own = bytes_of(path);

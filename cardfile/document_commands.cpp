@@ -205,6 +205,17 @@ void open_file(int& step) {
     take_card(step, false);
 }
 
+/// What a card says of its save.
+void stamp_card() {
+    upd_tabIndex();
+    card.editDate = Today();
+    card.STPP = Integer(host().metrics().TwipsPerPixelX);
+    if (!session.needNewID)
+        CompareCards();
+    if (session.needNewID)
+        card.ID = GetNewID();
+}
+
 void save_card(int& step) {
     update_links();
     if (!run_save_checks(step))
@@ -219,17 +230,19 @@ void save_card(int& step) {
     step = 7;
     auto const before = open_card;
     auto const new_id_before = session.needNewID;
-    upd_tabIndex();
-    card.editDate = Today();
-    card.STPP = Integer(host().metrics().TwipsPerPixelX);
-    if (!session.needNewID)
-        CompareCards();
-    if (session.needNewID)
-        card.ID = GetNewID();
-    step = 8;
-    if (!SaveCardFile()) {
+    auto const put_back = [&] {
         open_card = before;
         session.needNewID = new_id_before;
+    };
+    try {
+        stamp_card();
+    } catch (...) {
+        put_back();
+        throw;
+    }
+    step = 8;
+    if (!SaveCardFile()) {
+        put_back();
         MarkCardChanged(); // the old contents may be gone, and then only this card has them
         return;
     }

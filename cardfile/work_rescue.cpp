@@ -91,12 +91,14 @@ void drop_beside(IsNeedless const& is_needless) {
     });
 }
 
-/// The open card lies in a file. What was kept of it goes, and what saves into that file were to
-/// write; of what files held before, only what this file held before this card, or what is there
-/// all the same.
+/// The open card lies in a file. What was kept of it goes, but not of another card, and what saves
+/// into that file were to write; of what files held before, only what this file held before this
+/// card, or what is there all the same.
 void drop_saved(std::string const& file) {
     drop_beside([&](Keeper::Beside const& one) {
-        if (one.kind != What::before)
+        if (one.kind == What::work)
+            return one.of_open_card;
+        if (one.kind == What::after)
             return one.of_open_card || is_one_file(one.file, file);
         return (one.of_open_card && is_one_file(one.file, file)) || is_as_before(one);
     });

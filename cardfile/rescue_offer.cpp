@@ -103,11 +103,13 @@ std::vector<std::string_view> lines_of(std::string_view bytes) {
 }
 
 /// Whether reading a card file has lost something that a user has made: a field, or a text. Numbers
-/// that the reader puts into their ranges are no loss.
+/// that the reader puts into their ranges are no loss, nor is a text that nobody has ever set.
 bool loses_something(std::string_view kept, std::string_view taken) {
+    using namespace std::string_view_literals;
     auto const is_number = [](std::string_view line) {
         auto const value = line.substr(std::min(line.find('='), line.size()));
-        return value.find_first_not_of("=-0123456789.,: \r") == std::string_view::npos;
+        // A comma is in texts alone, and they are cut there.
+        return value.find_first_not_of("=-0123456789. \0\r"sv) == std::string_view::npos;
     };
     auto const before = lines_of(kept);
     auto const now = lines_of(taken);

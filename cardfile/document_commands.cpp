@@ -330,25 +330,27 @@ void cmd_close_Click() {
     close_card();
 }
 
-bool open_kept_card(std::string const& kept, std::string const& file, bool new_id) {
-    bool opened = false;
+std::optional<CardData> open_kept_card(std::string const& kept, std::string const& file,
+                                       bool new_id) {
+    std::optional<CardData> opened;
     auto const open = [&](int& step) {
         fEditor->focusTimer.Enabled = false;
         if (!settle_changes(question_before_opening, box::warning + box::yes_no))
             return;
-        auto const file_before = std::exchange(session.cardFile, file);
+        auto own_file = file;
         auto const folder_before = std::exchange(session.cardFolder, folder_part(file));
         session.readFile = kept;
         if (!ReadCardFile(kept)) {
-            session.cardFile = file_before;
             session.cardFolder = folder_before;
             return;
         }
+        session.cardFile = std::move(own_file); // until here the open card is another one's
+        auto as_read = open_card;
         if (!take_card(step, new_id))
             return;
         kept_card = {}; // no file holds it
         MarkCardChanged();
-        opened = true;
+        opened = std::move(as_read);
     };
     run_command(open, report_opening);
     return opened;

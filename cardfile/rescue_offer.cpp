@@ -127,9 +127,8 @@ Rescue apart(Rescue one) {
 
 /// This session keeps what an earlier one has kept: the card that was opened as its own work, and
 /// what else there is of it until the card is saved.
-void take_over(std::vector<rescue::Found> const& found, rescue::Found const& opened) {
-    auto copy = open_card;
-    auto const taken = write_card(copy);
+void take_over(std::vector<rescue::Found> const& found, rescue::Found const& opened,
+               std::string_view taken) {
     bool const is_whole = opened.rescue.kind == What::before || // as its file would have been read
                           !loses_something(opened.rescue.bytes, taken);
     bool const is_needless = is_whole && opened.rescue.kind == What::work;
@@ -180,12 +179,13 @@ void open_offered(rescue::Found const& chosen) {
                box::information, " Pelastettu kortti");
         return;
     }
-    if (!open_kept_card(keeper->store.folder() + chosen.name, one.file, one.new_id)) {
+    auto opened = open_kept_card(keeper->store.folder() + chosen.name, one.file, one.new_id);
+    if (!opened) {
         keeper->store.rename(chosen.name, rescue::name_of_declined(chosen.name));
         return;
     }
     know_file_of(one, found);
-    take_over(found, chosen);
+    take_over(found, chosen, write_card(*opened));
 }
 
 void offer_one(Offer const& offer) {

@@ -13,6 +13,7 @@
 #include "rescue/store.h"
 
 #include <algorithm>
+#include <exception>
 
 namespace kehystin {
 
@@ -32,13 +33,24 @@ Rescue rescue_of_work() {
             write_card(copy)};
 }
 
+/// Nothing is raised there, also where the memory runs out: what stays is offered once too often.
+template <class Work>
+void in_background(Work const& work) {
+    host().in_background([work] {
+        try {
+            work();
+        } catch (std::exception const&) {
+        }
+    });
+}
+
 void write_work() {
     auto const write = [store = keeper->store, name = name_of_work(), work = rescue_of_work(),
                         failed = keeper->failed] {
         try {
             with_memory_checked([&] { store.put(name, rescue::to_file(work)); });
             *failed = false;
-        } catch (RuntimeError const&) {
+        } catch (std::exception const&) {
             *failed = true;
         }
     };
@@ -53,9 +65,9 @@ void write_work() {
 void set_aside() {
     if (!std::exchange(keeper->keeps_work, false))
         return;
-    host().in_background([store = keeper->store, name = name_of_work(),
-                          other = rescue::name_beside(keeper->running->name(), ++keeper->numbers,
-                                                      What::work)] { store.rename(name, other); });
+    in_background([store = keeper->store, name = name_of_work(),
+                   other = rescue::name_beside(keeper->running->name(), ++keeper->numbers,
+                                               What::work)] { store.rename(name, other); });
 }
 
 /// Whether a save that was not finished has left these bytes in the file: they are the beginning of
@@ -200,8 +212,7 @@ void drop_work() {
     if (!session.cardFormLoaded)
         set_aside(); // nobody gave up a card that could not be shown any more
     if (std::exchange(keeper->keeps_work, false))
-        host().in_background(
-            [store = keeper->store, name = name_of_work()] { store.remove(name); });
+        in_background([store = keeper->store, name = name_of_work()] { store.remove(name); });
 }
 
 void begin_other_card() {

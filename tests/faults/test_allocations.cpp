@@ -186,6 +186,21 @@ TEST_P(Allocations, AnySingleOneMayFail) {
     std::cout << GetParam().name << ": " << tried << " of " << allocations_ << " allocations\n";
 }
 
+TEST(GivingUp, EndsNoProcessWhereTheMemoryRunsOutBesideIt) {
+    for (long failing = 1;; ++failing) {
+        SCOPED_TRACE(failing);
+        Tried one;
+        one.start();
+        one.host.yes_or_no = platform::Answer::no;
+        memory = {true, 0, failing};
+        input::click(fEditor->cmd_close);
+        memory.watched = false;
+        EXPECT_TRUE(one.host.faults.empty());
+        if (memory.allocations < failing)
+            break;
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(OfADeed, Allocations, testing::ValuesIn(deeds),
                          [](auto const& deed) { return deed.param.name; });
 

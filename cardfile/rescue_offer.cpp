@@ -158,8 +158,6 @@ void take_over(std::vector<rescue::Found> const& found, rescue::Found const& ope
 /// What the session of a rescue has left of that card: the rescue itself, and the sides of saves
 /// into its file.
 std::vector<rescue::Found> all_of(rescue::Found const& chosen) {
-    if (chosen.rescue.kind == What::before) // what is newer stays what it is
-        return {chosen};
     auto found = rescue::look_for_rescues(keeper->store).rescues;
     std::erase_if(found, [&](rescue::Found const& one) {
         return one.name != chosen.name &&
@@ -185,7 +183,8 @@ void open_offered(rescue::Found const& chosen) {
         return;
     }
     know_file_of(one, found);
-    take_over(found, chosen, write_card(*opened));
+    // Of an old card what is newer stays what it is.
+    take_over(one.kind == What::before ? std::vector{chosen} : found, chosen, write_card(*opened));
 }
 
 void offer_one(Offer const& offer) {

@@ -151,4 +151,24 @@ TEST_F(WorkRescue, AFileThatAnotherSessionHasOpenIsAskedAboutOnce) {
     EXPECT_FALSE(static_cast<bool>(session.cardModified));
 }
 
+/// Half of a file, as a full disk has left it, with both sides of that save beside it.
+TEST_F(FreshSession, WhatOurOwnSaveHasLeftIsNotAskedAboutWhereTheOldCardIsOpened) {
+    auto const file = folder / "a.krt";
+    auto const old = bytes_of(KEHYSTIN_SCENARIOS "/files/kaksi.krt");
+    auto const wanted = bytes_of(KEHYSTIN_SCENARIOS "/files/irti.krt");
+    put_bytes(file, wanted.substr(0, wanted.size() / 2));
+    rescue::Store const store(folder / "state");
+    auto const leave = [&](std::string const& name, rescue::What kind, std::string const& bytes) {
+        store.put(name, rescue::to_file({kind, file, 1, 1, false, rescue::checksum(old), bytes}));
+    };
+    leave("s+1.before", rescue::What::before, old);
+    leave("s+2.after.later1", rescue::What::after, wanted);
+    host.answers = {Answer::yes};
+    start();
+    EXPECT_EQ(card.fields, 2);
+    cmdTallenna_Click();
+    EXPECT_FALSE(static_cast<bool>(session.cardModified));
+    EXPECT_EQ(host.boxes.size(), 1U);
+}
+
 } // namespace kehystin

@@ -247,7 +247,7 @@ SaveRescue::SaveRescue(std::string const& file, std::string_view bytes)
 }
 
 bool SaveRescue::finish() {
-    if (!keeper || !keeper->store.keeps())
+    if (!keeper)
         return true;
     keeper->store.before_operation();
     if (!rescue::flush_to_disk(file_))

@@ -151,6 +151,27 @@ TEST_F(WorkRescue, AFileThatAnotherSessionHasOpenIsAskedAboutOnce) {
     EXPECT_FALSE(static_cast<bool>(session.cardModified));
 }
 
+TEST(WithoutAHome, ASaveIsFlushedAndReadBackAllTheSame) {
+    struct Homeless : scenario::ScriptedHost {
+        using ScriptedHost::ScriptedHost;
+        std::string state_folder() const override { return {}; }
+    };
+    Folder const folder;
+    Homeless host(folder.path());
+    Program program(host);
+    program.Main();
+    std::filesystem::copy_file(KEHYSTIN_SCENARIOS "/files/kaksi.krt", folder / "a.krt");
+    session.startFile = folder / "a.krt";
+    cmd_open_Click();
+    for (int operation = 1; operation <= 2; ++operation) {
+        MarkCardChanged();
+        host.fail_rescue_operation(operation, static_cast<int>(ErrorNumber::disk_io));
+        host.answers = {Answer::ok};
+        cmdTallenna_Click();
+        EXPECT_TRUE(static_cast<bool>(session.cardModified)) << operation;
+    }
+}
+
 /// Half of a file, as a full disk has left it, with both sides of that save beside it.
 TEST_F(FreshSession, WhatOurOwnSaveHasLeftIsNotAskedAboutWhereTheOldCardIsOpened) {
     auto const file = folder / "a.krt";

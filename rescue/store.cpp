@@ -257,8 +257,11 @@ void RunningSession::lock_again() {
     store_.before_operation();
     int const made = ::open(lock_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, for_the_user_alone);
     require(made >= 0);
-    ::close(std::exchange(descriptor_, made));
-    ::flock(descriptor_, LOCK_EX | LOCK_NB);
+    // Who looks at this moment whether the session runs holds it: tried again later.
+    bool const held = ::flock(made, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    ::close(held ? made : std::exchange(descriptor_, made));
+    if (held)
+        throw base::RuntimeError(base::ErrorNumber::path_file_access);
 }
 
 void RunningSession::note_file(std::string const& file) const {

@@ -4,6 +4,7 @@
 #include "model/session.h"
 #include "platform/files.h"
 #include "platform/host.h"
+#include "rescue/disk.h"
 
 #include <algorithm>
 #include <bit>
@@ -157,8 +158,10 @@ void repair_settings(Settings& record, double screen_width, double screen_height
 bool ReadSettings() {
     std::vector<std::byte> record;
     try {
-        if (!file_exists(file_path()))
+        if (!file_exists(file_path())) {
+            session.settings_unread = rescue::is_there(file_path()); // or nobody can tell
             return false;
+        }
         read_record(file_path(), settings_bytes, record);
         take_repaired(record);
         return true;

@@ -104,11 +104,13 @@ std::vector<std::string_view> lines_of(std::string_view bytes) {
 }
 
 /// Whether reading a card file has lost something that a user has made: a field, or a text. Numbers
-/// that the reader puts into their ranges are no loss.
+/// that the reader puts into their ranges are no loss, nor is a text that nobody has ever set.
 bool loses_something(std::string_view kept, std::string_view taken) {
+    using namespace std::string_view_literals;
     auto const is_number = [](std::string_view line) {
         auto const value = line.substr(std::min(line.find('='), line.size()));
-        return value.find_first_not_of("=-0123456789.,: \r") == std::string_view::npos;
+        // A comma is in texts alone, and they are cut there.
+        return value.find_first_not_of("=-0123456789. \0\r"sv) == std::string_view::npos;
     };
     auto const before = lines_of(kept);
     auto const now = lines_of(taken);
@@ -126,9 +128,8 @@ Rescue apart(Rescue one) {
 
 /// This session keeps what an earlier one has kept: the card that was opened as its own work, and
 /// what else there is of it until the card is saved.
-void take_over(std::vector<rescue::Found> const& found, rescue::Found const& opened) {
-    auto copy = open_card;
-    auto const taken = write_card(copy);
+void take_over(std::vector<rescue::Found> const& found, rescue::Found const& opened,
+               std::string_view taken) {
     bool const is_whole = opened.rescue.kind == What::before || // as its file would have been read
                           !loses_something(opened.rescue.bytes, taken);
     bool const is_needless = is_whole && opened.rescue.kind == What::work;
@@ -158,8 +159,6 @@ void take_over(std::vector<rescue::Found> const& found, rescue::Found const& ope
 /// What the session of a rescue has left of that card: the rescue itself, and the sides of saves
 /// into its file.
 std::vector<rescue::Found> all_of(rescue::Found const& chosen) {
-    if (chosen.rescue.kind == What::before) // what is newer stays what it is
-        return {chosen};
     auto found = rescue::look_for_rescues(keeper->store).rescues;
     std::erase_if(found, [&](rescue::Found const& one) {
         return one.name != chosen.name &&
@@ -179,12 +178,14 @@ void open_offered(rescue::Found const& chosen) {
                box::information, " Pelastettu kortti");
         return;
     }
-    if (!open_kept_card(keeper->store.folder() + chosen.name, one.file, one.new_id)) {
+    auto opened = open_kept_card(keeper->store.folder() + chosen.name, one.file, one.new_id);
+    if (!opened) {
         keeper->store.rename(chosen.name, rescue::name_of_declined(chosen.name));
         return;
     }
     know_file_of(one, found);
-    take_over(found, chosen);
+    // Of an old card what is newer stays what it is.
+    take_over(one.kind == What::before ? std::vector{chosen} : found, chosen, write_card(*opened));
 }
 
 void offer_one(Offer const& offer) {

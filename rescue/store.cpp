@@ -21,6 +21,7 @@
 #include <sys/stat.h>
 #include <tuple>
 #include <unistd.h>
+#include <utility>
 
 namespace rescue {
 
@@ -240,6 +241,27 @@ RunningSession::RunningSession(Store const& store) : store_(store) {
 RunningSession::~RunningSession() {
     ::unlink(lock_.c_str());
     ::close(descriptor_);
+}
+
+bool RunningSession::is_locked() const {
+    struct stat named {};
+    struct stat held {};
+    return ::stat(lock_.c_str(), &named) == 0 && ::fstat(descriptor_, &held) == 0 &&
+           named.st_ino == held.st_ino && named.st_dev == held.st_dev;
+}
+
+void RunningSession::lock_again() {
+    if (is_locked())
+        return;
+    make_folder(store_.folder());
+    store_.before_operation();
+    int const made = ::open(lock_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, for_the_user_alone);
+    require(made >= 0);
+    // Who looks at this moment whether the session runs holds it: tried again later.
+    bool const held = ::flock(made, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    ::close(held ? made : std::exchange(descriptor_, made));
+    if (held)
+        throw base::RuntimeError(base::ErrorNumber::path_file_access);
 }
 
 void RunningSession::note_file(std::string const& file) const {

@@ -52,6 +52,10 @@ class RunningSession {
     RunningSession& operator=(RunningSession const&) = delete;
 
     std::string const& name() const { return name_; }
+    /// False where the lock has gone, as with the folder: others take the session for a dead one.
+    bool is_locked() const;
+    /// Makes it again where it has gone. Raises base::RuntimeError.
+    void lock_again();
     /// Says which card file this session has open. Failing is no fault.
     void note_file(std::string const& file) const;
 

@@ -3,6 +3,8 @@
 #include "base/errors.h"
 #include "tests/unit/fresh_session.h"
 
+#include <limits>
+
 namespace rescue {
 
 namespace {
@@ -53,6 +55,9 @@ TEST_F(RescueFolder, ARescueComesBackWholeOrNotAtAll) {
         EXPECT_FALSE(from_file(kept.substr(0, i))) << i;
     }
     EXPECT_FALSE(from_file(kept + "x"));
+    for (auto const time : {std::numeric_limits<std::int64_t>::min(),
+                            std::numeric_limits<std::int64_t>::max()}) // of no calendar
+        EXPECT_FALSE(from_file(to_file(some(What::work, "", time, ""))));
 }
 
 TEST_F(RescueFolder, AFailedOperationLeavesTheOldFile) {

@@ -253,7 +253,7 @@ bool SaveRescue::finish() {
     if (!rescue::flush_to_disk(file_))
         return false;
     keeper->store.before_operation();
-    if (rescue::bytes_on_disk(file_) != bytes_)
+    if (rescue::bytes_on_disk(file_) != bytes_ && !rescue::is_closed_to_reading(file_))
         return false;
     host().finish_background();
     if (!keeper->running)

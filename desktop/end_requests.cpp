@@ -29,7 +29,8 @@ EndRequests::EndRequests(std::function<void()> keep, std::function<bool()> close
         notifier_ = std::make_unique<QSocketNotifier>(ends[1], QSocketNotifier::Read);
         connect(notifier_.get(), &QSocketNotifier::activated, this, [this] { endBySignal(); });
         for (int const number : requests)
-            std::signal(number, passSignalOn);
+            if (std::signal(number, SIG_IGN) != SIG_IGN) // as the one who starts it may wish
+                std::signal(number, passSignalOn);
     }
     connect(
         qGuiApp, &QGuiApplication::commitDataRequest, this,
@@ -38,7 +39,8 @@ EndRequests::EndRequests(std::function<void()> keep, std::function<bool()> close
 
 EndRequests::~EndRequests() {
     for (int const number : requests)
-        std::signal(number, SIG_DFL);
+        if (std::signal(number, SIG_IGN) == passSignalOn)
+            std::signal(number, SIG_DFL);
     notifier_.reset();
     for (int& end : ends)
         if (int const open = std::exchange(end, -1); open >= 0)

@@ -58,6 +58,10 @@ std::optional<std::string> bytes_on_disk(std::string const& path) {
     }
 }
 
+bool is_closed_to_reading(std::string const& path) {
+    return Opened(path, O_RDONLY | O_NONBLOCK).number() < 0 && errno == EACCES;
+}
+
 bool is_special(std::string const& path) {
     struct stat status {};
     return ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode);

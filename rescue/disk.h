@@ -14,6 +14,9 @@ bool is_there(std::string const& path);
 /// The whole of a regular file; nothing for anything else, or one that cannot be read.
 std::optional<std::string> bytes_on_disk(std::string const& path);
 
+/// True for a file that may be written, perhaps, but that this user may not read.
+bool is_closed_to_reading(std::string const& path);
+
 /// True for something that is there and is no regular file: a folder, a pipe, a device.
 bool is_special(std::string const& path);
 

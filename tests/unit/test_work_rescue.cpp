@@ -10,6 +10,7 @@
 #include "tests/unit/fresh_session.h"
 
 #include <algorithm>
+#include <unistd.h>
 
 namespace kehystin {
 
@@ -111,6 +112,23 @@ TEST_F(WorkRescue, EveryFileIsKeptBeforeItIsSavedOver) {
     cmdTallenna_Click();
     EXPECT_FALSE(static_cast<bool>(session.cardModified));
     EXPECT_TRUE(all_kept().empty());
+}
+
+/// A file that may be written but not read cannot be read back, which is no failure of the save.
+TEST_F(WorkRescue, AFileThatIsClosedToReadingIsSaved) {
+    using std::filesystem::perms;
+    auto const path = save_as("a.krt");
+    MarkCardChanged();
+    host.answers = {Answer::ok, Answer::yes}; // its folder of rescues is closed too
+    auto const save_as_a_user = [&] {
+        std::filesystem::permissions(folder.path(), perms(0777));
+        std::filesystem::permissions(path, perms(0222));
+        if (geteuid() == 0 && seteuid(65534) != 0)
+            std::_Exit(1);
+        cmdTallenna_Click();
+        std::_Exit(session.cardModified ? 2 : 0);
+    };
+    EXPECT_EXIT(save_as_a_user(), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(WorkRescue, ACardThatCanNoLongerBeShownStaysKept) {

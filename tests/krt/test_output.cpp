@@ -7,10 +7,10 @@
 
 TEST_F(Krt, NamesOfFilesAreTakenAsTheyAre) {
     auto const broken = bytes_of(folder / take("rikki.krt"));
-    for (auto const* const name : {"kortti", "[kortti]", "[a,b]", "check", "a b", "--json"})
+    for (auto const* const name : {"kortti", "[kortti]", "[a,b]", "check", "++", "a b", "--json"})
         write(name, broken);
-    EXPECT_EQ(run("repair --in-place '[kortti]' '[a,b]' check -- 'a b' --json"), 1);
-    for (auto const* const name : {"[kortti]", "[a,b]", "check", "a b", "--json"})
+    EXPECT_EQ(run("repair --in-place '[kortti]' '[a,b]' check ++ -- 'a b' --json"), 1) << err;
+    for (auto const* const name : {"[kortti]", "[a,b]", "check", "++", "a b", "--json"})
         EXPECT_TRUE(bytes_of(folder / (name + std::string("~"))) == broken) << name;
     EXPECT_TRUE(bytes_of(folder / "kortti") == broken);
     EXPECT_EQ(run("json ./--json", " && cp out k.json"), 0) << err;

@@ -2,8 +2,8 @@
 
 #include "base/items.h"
 #include "card/format.h"
-#include "card/key_index.h"
-#include "card/repair.h"
+#include "card/internal/key_index.h"
+#include "card/internal/repair.h"
 
 #include <algorithm>
 #include <optional>

@@ -2,7 +2,7 @@
 #include "card/checks.h"
 #include "card/column_order.h"
 #include "card/identity.h"
-#include "card/key_index.h"
+#include "card/internal/key_index.h"
 #include "card/linking.h"
 #include "card/reading.h"
 #include "card/writing.h"

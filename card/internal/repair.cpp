@@ -1,4 +1,4 @@
-#include "card/repair.h"
+#include "card/internal/repair.h"
 
 #include <cmath>
 

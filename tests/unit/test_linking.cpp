@@ -28,6 +28,8 @@ TEST_F(LinkCard, AFailureEndsTheRunWhereItIs) {
         EXPECT_EQ(field(1).list.trimmed(), "2|");
         EXPECT_EQ(field(4).group.trimmed(), "");
     }
+    field(1).left = 32760; // a sum beyond 16 bits
+    EXPECT_TRUE(link_card(data_).failure.value().is(ErrorNumber::overflow));
 }
 
 } // namespace kehystin

@@ -161,6 +161,12 @@ TEST_F(ReadCard, LongTextsAreCutAndTold) {
                            "     (max 100 merkkiä)"));
 }
 
+TEST_F(ReadCard, APictureThatWasNeverChosenIsNone) {
+    value("card.picture", std::string(150, '\0'));
+    ASSERT_TRUE(read());
+    EXPECT_TRUE(card.picture.is_blank());
+}
+
 TEST_F(ReadCard, NumbersAreJudgedAsTheyAreWritten) {
     value("field(2).left", "32767.4");
     value("field(2).tabIndex", "990.4");

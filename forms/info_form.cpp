@@ -1,6 +1,6 @@
 #include "forms/info_form.h"
 
-#include "card/maker.h"
+#include "base/maker.h"
 #include "forms/dialog_layout.h"
 
 namespace kehystin {

@@ -116,8 +116,7 @@ std::string shown_name(std::string const& file) {
 }
 
 void complain(std::string const& file, std::string_view what) {
-    std::fprintf(stderr, "krt: %s: %.*s\n", shown_name(file).c_str(), static_cast<int>(what.size()),
-                 what.data());
+    std::fprintf(stderr, "krt: %s: %s\n", shown_name(file).c_str(), plain(what).c_str());
 }
 
 std::optional<std::string> read_bytes(std::string const& file) {

@@ -47,8 +47,8 @@ void add_json(CLI::App& command, Wanted& wanted) {
 }
 
 /// The words of the command line from the last to the first, as the library wants them. It takes a
-/// file "[a,b]" for two, and "--" only where no file stands before it: a NUL in front, which no
-/// word can have of its own, makes a name of whatever follows.
+/// file "[a,b]" for two, "++" for the end of a command, and "--" only where no file stands before
+/// it: a NUL in front, which no word can have of its own, makes a name of whatever follows.
 std::vector<std::string> words_of(int argc, char* argv[]) {
     std::vector<std::string> words;
     bool names_alone = false;
@@ -57,7 +57,8 @@ std::vector<std::string> words_of(int argc, char* argv[]) {
         if (word == "--" && !names_alone)
             names_alone = true;
         else
-            words.push_back((names_alone || word.starts_with('[') ? '\0' + word : word));
+            words.push_back(names_alone || word.starts_with('[') || word == "++" ? '\0' + word
+                                                                                 : word);
     }
     std::reverse(words.begin(), words.end());
     return words;

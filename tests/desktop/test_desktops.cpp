@@ -342,11 +342,15 @@ TEST_F(Desktops, TheHelpIsDarkToo) {
 TEST_F(Desktops, MenusAndBoxesFollowTheFontAndRowsDoNot) {
     start(QStringLiteral("examples/asiakkaat.krt"));
     select(3);
-    window()->setFocus();
-    auto const panel = picture_of(widget("proBar"));
-    auto const card_frame = picture_of(*card_window());
     QList<QImage> dialogs;
     in_every_dialog([&](QWidget& dialog) { dialogs += picture_of(dialog); });
+    auto const picture_of_panel = [&] {
+        if (auto* const focused = QApplication::focusWidget())
+            focused->clearFocus(); // its caret comes and goes
+        return picture_of(widget("proBar"));
+    };
+    auto const panel = picture_of_panel();
+    auto const card_frame = picture_of(*card_window());
     auto& bar = *window()->findChild<QMenuBar*>();
     for (int const points : {6, 8, 12, 16}) {
         desktop::dress(light(), font_of(points));
@@ -357,7 +361,7 @@ TEST_F(Desktops, MenusAndBoxesFollowTheFontAndRowsDoNot) {
         for (auto* const menu : bar.actions())
             EXPECT_TRUE(bar.rect().contains(bar.actionGeometry(menu))) << points;
         EXPECT_EQ(file_menu().font().family(), QStringLiteral("DejaVu Sans"));
-        EXPECT_EQ(picture_of(widget("proBar")), panel) << points;
+        EXPECT_EQ(picture_of_panel(), panel) << points;
         EXPECT_EQ(picture_of(*card_window()), card_frame) << points;
         qsizetype next = 0;
         in_every_dialog([&](QWidget& dialog) {

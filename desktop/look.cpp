@@ -23,15 +23,24 @@ namespace {
 class MoreEngine : public QIconEngine {
   public:
     QIconEngine* clone() const override { return new MoreEngine; }
+    /// On nothing: by itself an engine gives its painter whatever the memory held.
+    QPixmap pixmap(QSize const& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap drawn(size);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        paint(&painter, drawn.rect(), mode, state);
+        return drawn;
+    }
     void paint(QPainter* painter, QRect const& place, QIcon::Mode, QIcon::State) override {
+        constexpr double drawnFor = 16; // pixels
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(QRectF(place).center());
+        painter->scale(place.width() / drawnFor, place.width() / drawnFor);
         painter->setPen(QPen(paletteOf(Ground::window).color(QPalette::WindowText), 1.5));
-        auto const middle = QRectF(place).center();
         for (double const left : {-3.5, 0.5})
             painter->drawPolyline(
-                QPolygonF({middle + QPointF(left, -3), middle + QPointF(left + 3, 0),
-                           middle + QPointF(left, 3)}));
+                QPolygonF({QPointF(left, -3), QPointF(left + 3, 0), QPointF(left, 3)}));
         painter->restore();
     }
 };

@@ -1,6 +1,6 @@
 #include "desktop/boxes.h"
 
-#include "desktop/look.h"
+#include "desktop/colours.h"
 #include "desktop/message_box.h"
 #include "desktop/text.h"
 #include "desktop/window_place.h"
@@ -213,7 +213,7 @@ std::string askFile(QWidget* owner, platform::CommonDialog const& settings, File
 }
 
 platform::Colour askColour(QWidget* owner, platform::Colour start) {
-    QColorDialog dialog(toColour(start), owner);
+    QColorDialog dialog(toColour(start, Ground::card), owner);
     dialog.setOption(QColorDialog::DontUseNativeDialog);
     dialog.setWindowFlags(boxFlags);
     if (auto* const buttons = dialog.findChild<QDialogButtonBox*>())

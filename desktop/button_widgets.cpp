@@ -10,6 +10,7 @@
 
 #include <QCursor>
 #include <QDrag>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
@@ -84,7 +85,7 @@ void ButtonWidget::paintFlat(QPainter& painter) {
     }
     if (showsFocus(*this))
         paintFrame(painter, rect(), palette().color(QPalette::Highlight));
-    drawPicture(painter, button()->Picture, rect());
+    drawPicture(painter, button()->Picture, rect(), Ground::window);
 }
 
 /// A caption with no room for a frame of the style's own, as beside the value of a row.
@@ -158,7 +159,9 @@ void ButtonWidget::drag() {
     makeDrag(*this, *button())->exec(Qt::CopyAction);
     if (!alive)
         return;
-    setAttribute(Qt::WA_UnderMouse, rect().contains(mapFromGlobal(QCursor::pos())));
+    // Wayland tells nobody where the pointer goes in a drag, and leaves it where that began.
+    bool const known = !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    setAttribute(Qt::WA_UnderMouse, known && rect().contains(mapFromGlobal(QCursor::pos())));
     update();
 }
 

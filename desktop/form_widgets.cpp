@@ -152,6 +152,13 @@ void FormWidgets::restack(platform::Control& container) {
             widget->raise();
 }
 
+void FormWidgets::takeOverPalette() {
+    for (auto* const shown : std::as_const(widgets_)) {
+        shown->takeOverPalette();
+        shown->widget().update();
+    }
+}
+
 QWidget* FormWidgets::find(platform::Control const& control) const {
     auto* const found = widgets_.value(&control);
     return found ? &found->widget() : nullptr;

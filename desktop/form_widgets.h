@@ -24,6 +24,9 @@ class FormWidgets : public QObject {
     /// Puts widgets that overlap into the order of their controls.
     void settle();
 
+    /// Puts on the colours of another desktop palette.
+    void takeOverPalette();
+
     QWidget* find(platform::Control const& control) const;
     /// The control whose widget this is, or is inside of; null for none.
     platform::Control* controlOf(QWidget const* widget) const;

@@ -125,6 +125,7 @@ void build_row(EditorForm& form, PanelRow const& row) {
     if (row.swatch) {
         auto& swatch = form.*row.swatch;
         swatch.Move(value_left + 105, 0, 900, row_height - 60);
+        swatch.is_sample = true;
         swatch.Visible = false;
     }
     if (row.list) {

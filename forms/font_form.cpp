@@ -61,6 +61,10 @@ FontForm::FontForm() : Form("fFont", FormKind::dialog) {
     ots.Caption = "AaBbYyZz";
     ots.Alignment = static_cast<int>(Alignment::centre);
     cmd_bc.Caption = "T&austan väri...";
+    for (TextControl* const shown :
+         {static_cast<TextControl*>(&ots), static_cast<TextControl*>(&BC),
+          static_cast<TextControl*>(&FC)})
+        shown->is_sample = true;
     place_swatch(cmd_bc, BC, sample_top);
     cmd_fc.Caption = "T&ekstin väri...";
     place_swatch(cmd_fc, FC, sample_top + sample_height - button_height);

@@ -117,6 +117,7 @@ void place_sample(Label& caption, PicturePanel& box_of_sample, Label& sample, La
     box_of_sample.BackColor = colours::white;
     box_of_sample.Move(0, top, sample_width, sample_height);
     sample.Caption = "AbBbÄäÖö";
+    sample.is_sample = true;
     sample.Alignment = static_cast<int>(Alignment::centre);
     description.Move(right_left, top, right_width, sample_height - button_height - 30);
     button.Caption = "Muokkaa...";

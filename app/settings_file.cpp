@@ -1,15 +1,14 @@
 #include "app/settings_file.h"
 
 #include "boxes/failure_report.h"
+#include "disk/disk.h"
 #include "model/session.h"
 #include "platform/files.h"
 #include "platform/host.h"
-#include "rescue/disk.h"
 
 #include <algorithm>
 #include <bit>
 #include <cstdint>
-#include <filesystem>
 #include <utility>
 
 namespace kehystin {
@@ -101,9 +100,7 @@ std::string free_old_name() {
 void keep_unread_file() {
     if (!std::exchange(session.settings_unread, false) || !names_a_file(file_path()))
         return;
-    std::error_code failed;
-    std::filesystem::rename(file_path(), free_old_name(), failed);
-    if (failed) {
+    if (!disk::rename(file_path(), free_old_name())) {
         session.settings_unread = true;
         throw RuntimeError(ErrorNumber::path_file_access);
     }
@@ -159,7 +156,7 @@ bool ReadSettings() {
     std::vector<std::byte> record;
     try {
         if (!file_exists(file_path())) {
-            session.settings_unread = rescue::is_there(file_path()); // or nobody can tell
+            session.settings_unread = disk::is_there(file_path()); // or nobody can tell
             return false;
         }
         read_record(file_path(), settings_bytes, record);

@@ -5,11 +5,11 @@
 #include "cardfile/known_file.h"
 #include "cardfile/rescue_keeper.h"
 #include "cardfile/work_rescue.h"
+#include "disk/disk.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "panel/panel_fit.h"
 #include "platform/host.h"
-#include "rescue/disk.h"
 
 #include <algorithm>
 #include <iterator>
@@ -42,9 +42,8 @@ std::optional<Offer> choose_offer() {
     // save only when there is nothing newer. Who declines it again and again sees the others too.
     auto const often = rescue::times_declined(found.rescues.front().name) + 1;
     auto const rank = [&](rescue::Found const& one) {
-        bool const own =
-            rescue::times_declined(one.name) <= often && !session.cardFile.empty() &&
-            rescue::one_name_of(one.rescue.file) == rescue::one_name_of(session.cardFile);
+        bool const own = rescue::times_declined(one.name) <= often && !session.cardFile.empty() &&
+                         disk::one_name_of(one.rescue.file) == disk::one_name_of(session.cardFile);
         return !own ? 2 : one.rescue.kind == What::before ? 1 : 0;
     };
     auto& chosen =
@@ -81,7 +80,7 @@ void know_file_of(Rescue const& one, std::vector<rescue::Found> const& sides) {
             know_sum(one.file, one.file_sum);
         return;
     }
-    auto const held = rescue::bytes_on_disk(one.file);
+    auto const held = disk::bytes_on_disk(one.file);
     if (held && one.file_sum != 0 && rescue::checksum(*held) == one.file_sum)
         return know_sum(one.file, one.file_sum);
     bool const is_own = held && std::any_of(sides.begin(), sides.end(), [&](auto const& side) {

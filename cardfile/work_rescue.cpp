@@ -5,11 +5,11 @@
 #include "cardfile/known_file.h"
 #include "cardfile/new_identity.h"
 #include "cardfile/rescue_keeper.h"
+#include "disk/disk.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/clock.h"
 #include "platform/system.h"
-#include "rescue/disk.h"
 #include "rescue/store.h"
 
 #include <algorithm>
@@ -79,12 +79,12 @@ bool is_left_by_a_save(std::string const& file, std::string_view held) {
 }
 
 bool is_one_file(std::string const& a, std::string const& b) {
-    return a == b || rescue::one_name_of(a) == rescue::one_name_of(b);
+    return a == b || disk::one_name_of(a) == disk::one_name_of(b);
 }
 
 /// Whether the file still holds what it held before a save that failed.
 bool is_as_before(Keeper::Beside const& before) {
-    auto const held = rescue::bytes_on_disk(before.file);
+    auto const held = disk::bytes_on_disk(before.file);
     return held && rescue::checksum(*held) == before.sum;
 }
 
@@ -235,7 +235,7 @@ SaveRescue::SaveRescue(std::string const& file, std::string_view bytes)
     : file_(file), bytes_(bytes) {
     // One failing leaves the other.
     with_folder([&] {
-        auto const held = rescue::bytes_on_disk(file_);
+        auto const held = disk::bytes_on_disk(file_);
         if (held && !is_left_by_a_save(file_, *held)) // what is left is in nobody's interest
             put_beside(
                 {What::before, file_, rescue::time_of(Now()), 0, false, known_sum(file_), *held});
@@ -250,10 +250,10 @@ bool SaveRescue::finish() {
     if (!keeper)
         return true;
     keeper->store.before_operation();
-    if (!rescue::flush_to_disk(file_))
+    if (!disk::flush_to_disk(file_))
         return false;
     keeper->store.before_operation();
-    if (rescue::bytes_on_disk(file_) != bytes_ && !rescue::is_closed_to_reading(file_))
+    if (disk::bytes_on_disk(file_) != bytes_ && !disk::is_closed_to_reading(file_))
         return false;
     host().finish_background();
     if (!keeper->running)

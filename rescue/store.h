@@ -10,7 +10,7 @@
 namespace rescue {
 
 /// Where the programs of this user keep their files: `$XDG_STATE_HOME/kehystin/`, by default in
-/// `~/.local/state`. Empty for a user without a home.
+/// `~/.local/state`; on Windows `%APPDATA%\kehystin\rescue\`. Empty for a user without a home.
 std::string usual_folder();
 
 /// A folder that is made when the first file is put into it. Without a path it keeps nothing.

@@ -75,8 +75,10 @@ TEST_F(RescueFolder, AFailedOperationLeavesTheOldFile) {
     }
     failing.put("x", "uusi");
     EXPECT_EQ(store.bytes_of("x"), "uusi");
+#ifndef _WIN32 // where the folder's own rights say who may read it
     auto const status = std::filesystem::status(folder / "state/x");
     EXPECT_EQ(status.permissions(), std::filesystem::perms(0600));
+#endif
     EXPECT_THROW(Store(folder / "state/x").put("y", ""), base::RuntimeError);
 }
 

@@ -57,6 +57,8 @@ ButtonWidget::ButtonWidget(platform::Button& button, QWidget& parent, EventGate&
 void ButtonWidget::takeOver() {
     takeOverLook(*button());
     takeOverCaption(*this, button()->Caption.get());
+    setCheckable(button()->Toggles);
+    setChecked(button()->Checked);
     update();
 }
 

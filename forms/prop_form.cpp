@@ -67,9 +67,9 @@ PropForm::PropForm() : Form("fProp", FormKind::dialog) {
     }
     cmd_ok.Caption = "OK";
     cmd_ok.Default = true;
-    cmd_cancel.Caption = "Peruuta";
+    cmd_cancel.Caption = "&Peruuta";
     cmd_cancel.Cancel = true;
-    cmd_help.Caption = "Ohje";
+    cmd_help.Caption = "&Ohje";
     place_buttons({&cmd_ok, &cmd_cancel}, &cmd_help, inner_width, inner_height);
 }
 

@@ -222,7 +222,7 @@ void build_buttons(SpeciForm& form) {
     form.cmdOK.Default = true;
     form.cmdPeruuta.Caption = "Peruuta";
     form.cmdPeruuta.Cancel = true;
-    form.cmdOhje.Caption = "Ohje";
+    form.cmdOhje.Caption = "&Ohje";
     place_buttons({&form.cmdOK, &form.cmdPeruuta}, &form.cmdOhje, inner_width, inner_height);
     for (auto* const button : {&form.cmdOK, &form.cmdPeruuta, &form.cmdOhje})
         button->TabIndex =

@@ -58,6 +58,8 @@ ButtonWidget::ButtonWidget(platform::Button& button, QWidget& parent, EventGate&
 void ButtonWidget::takeOver() {
     takeOverLook(*button());
     takeOverCaption(*this, button()->Caption.get());
+    setCheckable(button()->Toggles);
+    setChecked(button()->Checked);
     update();
 }
 
@@ -112,6 +114,14 @@ void ButtonWidget::paintRaised(QPainter& painter) {
     if (button()->Default)
         option.features |= QStyleOptionButton::DefaultButton;
     style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
+    // The style marks the default button and the one with the keyboard alike.
+    if (!showsFocus(*this))
+        return;
+    constexpr int inside = 3;
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = rect().adjusted(inside, inside, -inside, -inside);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
 }
 
 void ButtonWidget::mousePressEvent(QMouseEvent* event) {

@@ -63,9 +63,9 @@ HelpWindow::HelpWindow(std::unique_ptr<HelpFile> file)
     tabs_->setDocumentMode(true);
     tabs_->setAccessibleName(QStringLiteral("Ohjeen osat"));
     tabs_->tabBar()->setAccessibleName(QStringLiteral("Ohjeen osat"));
-    tabs_->addTab(makeContents(), QStringLiteral("Sisällys"));
-    tabs_->addTab(makeIndex(), QStringLiteral("Hakemisto"));
-    tabs_->addTab(makeSearch(), QStringLiteral("Haku"));
+    tabs_->addTab(makeContents(), QStringLiteral("&Sisällys"));
+    tabs_->addTab(makeIndex(), QStringLiteral("&Hakemisto"));
+    tabs_->addTab(makeSearch(), QStringLiteral("H&aku"));
     split_->addWidget(tabs_);
     split_->addWidget(browser_);
     split_->setChildrenCollapsible(false);

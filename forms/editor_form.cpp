@@ -112,6 +112,7 @@ void build_row(EditorForm& form, PanelRow const& row) {
     editor.BackColor = colours::white;
     editor.MaxLength = longest_text;
     editor.Visible = false;
+    caption.caption_of = &editor;
     editor.opener = row.button ? &(form.*row.button) : nullptr;
     editor.stepper = row.scroll ? &(form.*row.scroll) : nullptr;
     if (row.scroll) {

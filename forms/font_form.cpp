@@ -34,6 +34,7 @@ void place_column(Label& label, ListBox& list, TextBox& text, double left, doubl
     list.BackColor = colours::white;
     text.Move(left, text_top, width, box);
     text.BackColor = colours::white;
+    label.caption_of = &list;
     list.set_spoken_name(label.Caption.get());
     text.set_spoken_name(label.Caption.get());
 }

@@ -47,6 +47,7 @@ void build_count_page(VelhoForm& form) {
     form.Label5.Move(0, top + 60, label_width, box - 60);
     form.txtMaara.Text = "8";
     form.txtMaara.set_spoken_name(form.Label5.Caption.get());
+    form.Label5.caption_of = &form.txtMaara;
     form.txtMaara.BackColor = colours::white;
     form.txtMaara.Move(label_width + gap, top, 720, box);
 }
@@ -169,8 +170,10 @@ VelhoForm::~VelhoForm() {
 
 void VelhoForm::load_row(int number) {
     double const top = number * title_row - title_row + first_title_row;
-    labOtsikko.Load(number).Top = top;
+    auto& label = labOtsikko.Load(number);
     auto& text = txtOtsikko.Load(number);
+    label.Top = top;
+    label.caption_of = &text;
     text.Top = top;
     text.TabIndex = int{scrOtsikko.TabIndex};
 }

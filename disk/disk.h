@@ -102,6 +102,8 @@ bool keep_rights(std::string const& old, std::string const& now);
 /// Takes all others' rights from a folder of the user's.
 void keep_for_the_user_alone(std::string const& folder);
 
+/// Whether writing failed for nobody reads the pipe any more.
+bool reader_is_gone(int descriptor, int error);
 /// A disk or a quota is full, or a file as large as can be.
 bool is_full(int error);
 

@@ -242,6 +242,10 @@ void keep_for_the_user_alone(std::string const& folder) {
         ::chmod(folder.c_str(), 0700);
 }
 
+bool reader_is_gone(int, int error) {
+    return error == EPIPE;
+}
+
 bool is_full(int error) {
     return error == ENOSPC || error == EDQUOT || error == EFBIG;
 }

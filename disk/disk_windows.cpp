@@ -1,4 +1,5 @@
 #include "disk/disk.h"
+#include "disk/names_windows.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -6,184 +7,15 @@
 #include <fcntl.h>
 #include <io.h>
 #include <memory>
-#include <process.h>
 #include <random>
-#include <string>
-
-#include <windows.h>
-
-#include <shellapi.h>
 
 namespace disk {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-constexpr std::wstring_view any_length = L"\\\\?\\";
-constexpr std::wstring_view any_length_share = L"\\\\?\\UNC\\";
-constexpr std::wstring_view device = L"\\\\.\\";
-
-struct CloseHandleOf {
-    using pointer = HANDLE;
-    void operator()(HANDLE handle) const { ::CloseHandle(handle); }
-};
-using Handle = std::unique_ptr<HANDLE, CloseHandleOf>;
-
-Handle handle_or_none(HANDLE handle) {
-    return Handle(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
-}
-
-/// UTF-16; empty where the text is no UTF-8.
-std::wstring wide_text(std::string_view text) {
-    auto const size = static_cast<int>(text.size());
-    std::wstring wide(text.size(), L'\0'); // never longer
-    int const used = ::MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(), size,
-                                           wide.data(), static_cast<int>(wide.size()));
-    wide.resize(static_cast<std::size_t>(used));
-    return wide;
-}
-
-std::string narrow_text(std::wstring_view text) {
-    auto const size = static_cast<int>(text.size());
-    std::string narrow(3 * text.size(), '\0');
-    int const used = ::WideCharToMultiByte(CP_UTF8, 0, text.data(), size, narrow.data(),
-                                           static_cast<int>(narrow.size()), nullptr, nullptr);
-    narrow.resize(static_cast<std::size_t>(used));
-    return narrow;
-}
-
-/// Without what stands before names of any length.
-std::wstring without_mark(std::wstring name) {
-    if (name.starts_with(any_length_share))
-        return L"\\\\" + name.substr(any_length_share.size());
-    return name.starts_with(any_length) ? name.substr(any_length.size()) : name;
-}
-
-struct WideName {
-    std::wstring name; ///< from its drive or share on; empty where no file can have it
-    bool is_device = false;
-
-    wchar_t const* c_str() const { return name.c_str(); }
-};
-
-/// A letter and a colon are a drive; any other colon would open a part of a file that nobody sees.
-bool has_colon(std::wstring_view name) {
-    return name.find(L':', 2) != std::wstring_view::npos;
-}
-
-/// The name as the system takes it, whatever its length and the folder of the moment.
-WideName wide_name(std::string_view text) {
-    auto const wide = wide_text(text);
-    if (wide.empty() || wide.find(L'\0') != std::wstring::npos)
-        return {};
-    if (wide.starts_with(any_length))
-        return {wide};
-    auto const needed = ::GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr);
-    std::wstring whole(needed, L'\0');
-    whole.resize(::GetFullPathNameW(wide.c_str(), needed, whole.data(), nullptr));
-    if (whole.starts_with(device))
-        return {whole, true};
-    if (has_colon(whole))
-        return {};
-    while (whole.size() > 3 && whole.ends_with(L'\\'))
-        whole.pop_back();
-    constexpr std::size_t usual_length = 240; // a folder takes less than a file
-    if (whole.size() < usual_length)
-        return {whole};
-    if (whole.starts_with(L"\\\\"))
-        return {std::wstring(any_length_share) + whole.substr(2)};
-    return {std::wstring(any_length) + whole};
-}
-
-/// Whether a file stands where the name needs a folder.
-bool leads_through_a_file(std::wstring name) {
-    for (auto at = name.rfind(L'\\'); at != std::wstring::npos && at > 2; at = name.rfind(L'\\')) {
-        name.resize(at);
-        auto const attributes = ::GetFileAttributesW(name.c_str());
-        if (attributes != INVALID_FILE_ATTRIBUTES)
-            return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-    }
-    return false;
-}
-
-int error_of(DWORD error, std::wstring const& name) {
-    switch (error) {
-    case ERROR_PATH_NOT_FOUND:
-        return leads_through_a_file(name) ? ENOTDIR : ENOENT;
-    case ERROR_DIRECTORY:
-        return ENOTDIR;
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_INVALID_DRIVE:
-    case ERROR_NOT_READY:
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_NET_NAME:
-    case ERROR_NETWORK_UNREACHABLE:
-    case ERROR_HOST_UNREACHABLE:
-        return ENOENT;
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-    case ERROR_USER_MAPPED_FILE:
-    case ERROR_BUSY:
-        return EBUSY;
-    case ERROR_WRITE_PROTECT:
-        return EROFS;
-    case ERROR_INVALID_NAME:
-    case ERROR_BAD_PATHNAME:
-        return leads_through_a_file(name) ? ENOTDIR : EINVAL;
-    case ERROR_FILENAME_EXCED_RANGE:
-        return ENAMETOOLONG;
-    case ERROR_FILE_EXISTS:
-    case ERROR_ALREADY_EXISTS:
-        return EEXIST;
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-    case ERROR_NOT_ENOUGH_QUOTA:
-        return ENOSPC;
-    case ERROR_FILE_TOO_LARGE:
-        return EFBIG;
-    case ERROR_CRC:
-    case ERROR_SEEK:
-    case ERROR_READ_FAULT:
-    case ERROR_WRITE_FAULT:
-    case ERROR_GEN_FAILURE:
-    case ERROR_IO_DEVICE:
-    case ERROR_DISK_CORRUPT:
-    case ERROR_FILE_CORRUPT:
-    case ERROR_UNEXP_NET_ERR:
-    case ERROR_NETNAME_DELETED:
-    case ERROR_DEV_NOT_EXIST:
-        return EIO;
-    case ERROR_BROKEN_PIPE:
-    case ERROR_NO_DATA:
-        return EPIPE;
-    case ERROR_INVALID_HANDLE:
-        return EBADF;
-    default:
-        return EACCES;
-    }
-}
-
-/// Whether it was done; errno where it was not.
-bool done(bool success, std::wstring const& name = {}) {
-    if (!success)
-        errno = error_of(::GetLastError(), name);
-    return success;
-}
-
-/// False, with errno, for what cannot be a name.
-bool is_name(WideName const& wide) {
-    if (wide.name.empty())
-        errno = EINVAL;
-    return !wide.name.empty();
-}
-
 HANDLE handle_of(int descriptor) {
     return reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor));
 }
-
-/// Others may do with the file what they like; it is theirs too.
-constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 struct Flags {
     DWORD access;
@@ -210,11 +42,6 @@ Flags flags_of(Open how) {
     return {GENERIC_READ, OPEN_EXISTING};
 }
 
-Handle open_handle(std::wstring const& name, DWORD access, DWORD making) {
-    return handle_or_none(::CreateFileW(name.c_str(), access, shared, nullptr, making,
-                                        FILE_FLAG_BACKUP_SEMANTICS, nullptr)); // folders too
-}
-
 struct Identity {
     DWORD volume;
     DWORD high;
@@ -229,23 +56,6 @@ std::optional<Identity> identity_of(HANDLE handle) {
     return Identity{known.dwVolumeSerialNumber, known.nFileIndexHigh, known.nFileIndexLow};
 }
 
-/// Behind all links, as the system has it; empty where there is none.
-std::wstring final_name(std::wstring const& name) {
-    auto const handle = open_handle(name, 0, OPEN_EXISTING);
-    if (!handle)
-        return {};
-    auto const size = ::GetFinalPathNameByHandleW(handle.get(), nullptr, 0, 0);
-    std::wstring whole(size, L'\0');
-    whole.resize(::GetFinalPathNameByHandleW(handle.get(), whole.data(), size, 0));
-    return without_mark(std::move(whole));
-}
-
-/// Capital letters make no other file.
-std::wstring lower(std::wstring text) {
-    ::CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
-    return text;
-}
-
 /// A byte far behind all that a file holds: a lock keeps others from reading what it is on.
 OVERLAPPED locked_place() {
     OVERLAPPED place{};
@@ -253,60 +63,7 @@ OVERLAPPED locked_place() {
     return place;
 }
 
-std::wstring variable(wchar_t const* name) {
-    std::wstring value(32767, L'\0'); // as long as one can be
-    value.resize(::GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
-    return value;
-}
-
-bool is_whole(std::wstring_view path) {
-    return path.starts_with(L"\\\\") || path.substr(0, 3).ends_with(L":\\") ||
-           path.substr(0, 3).ends_with(L":/");
-}
-
-std::string data_folder(std::string_view below) {
-    auto const data = variable(L"APPDATA");
-    if (!is_whole(data))
-        return {};
-    auto folder = narrow_text(data);
-    if (!folder.ends_with('\\') && !folder.ends_with('/'))
-        folder += '\\';
-    return folder + std::string(below);
-}
-
 } // namespace
-
-fs::path path_of(std::string_view name) {
-    auto const wide = wide_text(name);
-    constexpr std::size_t usual_length = 200; // something may come behind it
-    return wide.size() < usual_length ? fs::path(wide) : fs::path(wide_name(name).name);
-}
-
-std::string text_of(fs::path const& path) {
-    return narrow_text(without_mark(path.native()));
-}
-
-std::string one_name_of(std::string const& path) {
-    auto const wide = wide_name(path);
-    if (wide.name.empty() || wide.is_device)
-        return path;
-    // What is not there yet stands behind what is.
-    std::wstring behind;
-    for (auto name = wide.name;;) {
-        auto const found = final_name(name);
-        if (!found.empty())
-            return narrow_text(lower(found + behind));
-        auto const at = name.rfind(L'\\');
-        if (at == std::wstring::npos || at < 3)
-            return narrow_text(lower(without_mark(wide.name)));
-        behind.insert(0, name, at);
-        name.resize(at);
-        if (name.ends_with(L':')) { // of a drive only its root is a folder
-            name += L'\\';
-            behind.erase(0, 1);
-        }
-    }
-}
 
 Kind kind_of(std::string const& path) {
     if (path.empty()) {
@@ -533,39 +290,14 @@ void keep_for_the_user_alone(std::string const&) {
     // What lies in the folder of the user's data is nobody else's.
 }
 
+bool reader_is_gone(int descriptor, int error) {
+    // The runtime has no number of its own for a pipe that is being closed.
+    return error == EPIPE ||
+           (error == EINVAL && ::GetFileType(handle_of(descriptor)) == FILE_TYPE_PIPE);
+}
+
 bool is_full(int error) {
     return error == ENOSPC || error == EFBIG;
-}
-
-std::string state_folder() {
-    return data_folder("kehystin\\rescue\\");
-}
-
-std::string settings_folder() {
-    return data_folder("kehystin\\");
-}
-
-std::vector<std::string> words_of(int, char**) {
-    // What main is given has been squeezed through the code page.
-    int count = 0;
-    struct Free {
-        void operator()(wchar_t** words) const { ::LocalFree(words); }
-    };
-    std::unique_ptr<wchar_t*, Free> const wide(::CommandLineToArgvW(::GetCommandLineW(), &count));
-    std::vector<std::string> words;
-    for (int i = 1; wide && i < count; ++i)
-        words.push_back(narrow_text(wide.get()[i]));
-    return words;
-}
-
-std::tm local_time(std::time_t time) {
-    std::tm local{};
-    ::localtime_s(&local, &time);
-    return local;
-}
-
-int process_number() {
-    return ::_getpid();
 }
 
 } // namespace disk

@@ -184,7 +184,7 @@ int output_error = 0;
 void note_output(bool done) {
     if (!done && output_error == 0)
         output_error = errno;
-    if (output_error == EPIPE)
+    if (disk::reader_is_gone(fileno(stdout), output_error))
         throw NobodyReads();
 }
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace base {
+namespace kehystin::base {
 
 using Date = double;
 
@@ -29,4 +29,4 @@ std::string short_date(Date date);
 /// a day that the calendar does not have.
 std::optional<Date> read_date(std::string_view text);
 
-} // namespace base
+} // namespace kehystin::base

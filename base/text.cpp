@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-namespace base {
+namespace kehystin::base {
 
 namespace {
 
@@ -193,4 +193,4 @@ std::string with_separator(std::string folder) {
     return folder;
 }
 
-} // namespace base
+} // namespace kehystin::base

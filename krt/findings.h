@@ -10,6 +10,8 @@
 
 namespace krt {
 
+namespace base = kehystin::base;
+
 /// A text of a card, or the name of a file, as it can stand in a line: without what would break or
 /// colour it, and with a sign for each byte that is no text.
 std::string plain(std::string_view text);

@@ -56,25 +56,12 @@ QString nameless(QWidget& window) {
 
 class Readers : public MouseProgram {
   protected:
-    /// Does what opens a dialog, `use`s it when it is up, and closes it where it still stands.
     static void in_dialog(std::function<void()> const& open,
                           std::function<void(QWidget&)> const& use) {
-        auto* const before = QApplication::activeModalWidget();
-        bool used = false;
-        QTimer waiting;
-        waiting.callOnTimeout([&] {
-            QPointer<QWidget> const modal = QApplication::activeModalWidget();
-            if (used || !modal || modal == before || !modal->isVisible())
-                return;
-            used = true;
-            EXPECT_ALL_NAMED(*modal) << modal->windowTitle().toStdString();
-            use(*modal);
-            if (modal && modal == QApplication::activeModalWidget())
-                modal->close();
+        MouseProgram::in_dialog(open, [&](QWidget& modal) {
+            EXPECT_ALL_NAMED(modal) << modal.windowTitle().toStdString();
+            use(modal);
         });
-        waiting.start(std::chrono::milliseconds(10));
-        open();
-        EXPECT_TRUE(used);
     }
     void in_entry(char const* entry, std::function<void(QWidget&)> const& use) {
         in_dialog([&] { action(QString::fromUtf8(entry))->trigger(); }, use);

@@ -91,6 +91,9 @@ TEST_F(SettingsFile, WhatWasReadStaysWhenTheClosingFails) {
 }
 
 TEST_F(SettingsFile, WhatTheSystemCouldNotFindAtTheStartIsNotWrittenOver) {
+#ifdef _WIN32
+    GTEST_SKIP() << "links are for administrators here";
+#endif
     std::filesystem::create_symlink(path(), path()); // as a folder of the network that is away
     EXPECT_FALSE(ReadSettings());
     std::filesystem::remove(path());

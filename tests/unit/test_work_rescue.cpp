@@ -84,6 +84,9 @@ TEST_F(WorkRescue, NothingIsKeptWhileTheHandsAreOnTheCardUnlessTheProcessEnds) {
 }
 
 TEST_F(WorkRescue, AFolderThatIsDeletedIsMadeAgainAndItsSessionRuns) {
+#ifdef _WIN32
+    GTEST_SKIP() << "a folder with an open file in it cannot be deleted here";
+#endif
     keep_work();
     std::filesystem::remove_all(folder / "state");
     keep_work();

@@ -1,0 +1,13 @@
+# Debian's cross compiler for 64-bit Windows. Programs carry what they need in themselves.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(windows_tools x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER ${windows_tools}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${windows_tools}-g++-posix)
+set(CMAKE_RC_COMPILER ${windows_tools}-windres)
+set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+set(CMAKE_FIND_ROOT_PATH /usr/${windows_tools})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)

@@ -2,19 +2,18 @@
 
 #include "boxes/failure_report.h"
 #include "cardfile/document_commands.h"
+#include "disk/disk.h"
 #include "model/session.h"
 #include "platform/host.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace kehystin {
 
 namespace {
 
 bool is_folder(std::string const& path) {
-    std::error_code ignored;
-    return std::filesystem::is_directory(path, ignored);
+    return disk::kind_of(path) == disk::Kind::folder;
 }
 
 /// A box has room for so many names, and for so much of each.
@@ -22,8 +21,9 @@ constexpr std::size_t most_names = 5;
 constexpr std::size_t longest_name = 60; // characters
 
 std::string name_line(std::string const& path) {
-    auto const slash = path.ends_with('/') ? path.substr(0, path.size() - 1) : path;
-    auto const name = base::in_one_line(base::file_part(slash));
+    bool const closed = path.ends_with('/') || path.ends_with('\\');
+    auto const name =
+        base::in_one_line(base::file_part(closed ? path.substr(0, path.size() - 1) : path));
     auto const shown =
         base::Len(name) > longest_name ? base::Left(name, longest_name) + "..." : name;
     return " " + shown + "     ";

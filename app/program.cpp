@@ -3,6 +3,7 @@
 #include "app/start.h"
 #include "app/wiring.h"
 #include "boxes/failure_report.h"
+#include "cardfile/known_file.h"
 #include "cardfile/rescue_offer.h"
 #include "cardfile/work_rescue.h"
 #include "forms/card_form.h"
@@ -14,6 +15,7 @@ namespace kehystin {
 
 Program::Program(platform::Host& host) : system_(host) {
     reset_session();
+    forget_known_file();
     system_.on_failure = [](RuntimeError const& error) {
         standard_report(" Toiminnon suorittaminen aiheutti virheen     ", error);
     };

@@ -1,6 +1,7 @@
 #include "app/settings_file.h"
 
 #include "boxes/failure_report.h"
+#include "disk/disk.h"
 #include "model/session.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
-#include <filesystem>
 #include <utility>
 
 namespace kehystin {
@@ -100,9 +100,7 @@ std::string free_old_name() {
 void keep_unread_file() {
     if (!std::exchange(session.settings_unread, false) || !names_a_file(file_path()))
         return;
-    std::error_code failed;
-    std::filesystem::rename(file_path(), free_old_name(), failed);
-    if (failed) {
+    if (!disk::rename(file_path(), free_old_name())) {
         session.settings_unread = true;
         throw RuntimeError(ErrorNumber::path_file_access);
     }
@@ -157,8 +155,10 @@ void repair_settings(Settings& record, double screen_width, double screen_height
 bool ReadSettings() {
     std::vector<std::byte> record;
     try {
-        if (!file_exists(file_path()))
+        if (!file_exists(file_path())) {
+            session.settings_unread = disk::is_there(file_path()); // or nobody can tell
             return false;
+        }
         read_record(file_path(), settings_bytes, record);
         take_repaired(record);
         return true;

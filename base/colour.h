@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-namespace base {
+namespace kehystin::base {
 
 using Colour = std::int32_t;
 
@@ -25,4 +25,4 @@ constexpr Colour system_colour(int number) {
     return static_cast<Colour>(0x80000000U | static_cast<std::uint32_t>(number));
 }
 
-} // namespace base
+} // namespace kehystin::base

@@ -8,7 +8,7 @@
 #include <chrono>
 #include <cmath>
 
-namespace base {
+namespace kehystin::base {
 
 namespace {
 
@@ -80,4 +80,4 @@ std::optional<Date> read_date(std::string_view text) {
     return to_date(time);
 }
 
-} // namespace base
+} // namespace kehystin::base

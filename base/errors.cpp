@@ -1,6 +1,6 @@
 #include "base/errors.h"
 
-namespace base {
+namespace kehystin::base {
 
 std::string error_text(ErrorNumber number) {
     switch (number) {
@@ -41,4 +41,4 @@ RuntimeError::RuntimeError(ErrorNumber number) : RuntimeError(number, error_text
 RuntimeError::RuntimeError(ErrorNumber number, std::string const& text)
     : std::runtime_error(text), number_(number) {}
 
-} // namespace base
+} // namespace kehystin::base

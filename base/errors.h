@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace base {
+namespace kehystin::base {
 
 enum class ErrorNumber : int {
     overflow = 6,
@@ -53,4 +53,4 @@ auto with_memory_checked(Work const& work) {
     }
 }
 
-} // namespace base
+} // namespace kehystin::base

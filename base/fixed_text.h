@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace base {
+namespace kehystin::base {
 
 /// A fixed text of any length, for code that walks over members of different lengths.
 class FixedTextRef {
@@ -75,4 +75,4 @@ class FixedText {
     std::array<char, N> characters_{};
 };
 
-} // namespace base
+} // namespace kehystin::base

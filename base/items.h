@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace base {
+namespace kehystin::base {
 
 /// Walks over the items of a file's bytes: leading blanks are skipped, an item ends at the next
 /// comma or line end.
@@ -46,4 +46,4 @@ inline std::string_view Items::next() {
     return bytes_.substr(start, end - start);
 }
 
-} // namespace base
+} // namespace kehystin::base

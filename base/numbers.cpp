@@ -3,7 +3,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace base {
+namespace kehystin::base {
 
 double Val(std::string_view text) {
     auto const first = text.find_first_not_of(" \t\r\n");
@@ -65,4 +65,4 @@ Integer::Integer(double value) {
     value_ = static_cast<std::int16_t>(rounded);
 }
 
-} // namespace base
+} // namespace kehystin::base

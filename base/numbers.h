@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-namespace base {
+namespace kehystin::base {
 
 /// The number that a text begins with, leading blanks skipped; 0 when it begins with none.
 double Val(std::string_view text);
@@ -136,4 +136,4 @@ class Flag {
     Integer number_ = 0;
 };
 
-} // namespace base
+} // namespace kehystin::base

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-namespace base {
+namespace kehystin::base {
 
 namespace {
 
@@ -59,6 +59,12 @@ char32_t next_character(std::string_view text, std::size_t& position) {
             return not_a_character;
         character = (character << 6) | (static_cast<unsigned char>(text[at]) & 0x3F);
     }
+    // Written longer than it is, a character would get past whoever looks for its bytes.
+    constexpr std::array<char32_t, 4> least = {0, 0x80, 0x800, 0x10000};
+    bool const is_surrogate = character >= 0xD800 && character < 0xE000;
+    if (character < least[static_cast<std::size_t>(following)] || is_surrogate ||
+        character > 0x10FFFF)
+        return not_a_character;
     position = at;
     return character;
 }
@@ -187,4 +193,4 @@ std::string with_separator(std::string folder) {
     return folder;
 }
 
-} // namespace base
+} // namespace kehystin::base

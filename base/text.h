@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace base {
+namespace kehystin::base {
 
 /// Carriage return and line feed: the line break of messages and files.
 inline constexpr std::string_view line_break = "\r\n";
@@ -52,4 +52,4 @@ std::string folder_part(std::string_view path);
 /// The folder with a closing separator, which is added only if it is missing.
 std::string with_separator(std::string folder);
 
-} // namespace base
+} // namespace kehystin::base

@@ -4,13 +4,13 @@
 #include "cardfile/document_commands.h"
 #include "cardfile/work_rescue.h"
 #include "cardfile/writer.h"
+#include "disk/disk.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/background.h"
 #include "platform/input.h"
-#include "rescue/disk.h"
 #include "tests/scenario/scripted_host.h"
 
 #include <benchmark/benchmark.h>
@@ -91,12 +91,12 @@ void save_300_fields(benchmark::State& state) {
 /// The disk's own time: as many files of that size as a save flushes.
 void flushes_of_a_save(benchmark::State& state) {
     auto const folder = bench_cards::folder();
-    auto const bytes = *rescue::bytes_on_disk(bench_cards::large_card);
+    auto const bytes = *disk::bytes_on_disk(bench_cards::large_card);
     for (auto _ : state)
         for (int i = 0; i < 3; ++i) {
             auto const path = folder + std::to_string(i);
             bench_cards::put_bytes(path, bytes);
-            rescue::flush_to_disk(path);
+            disk::flush_to_disk(path);
         }
 }
 

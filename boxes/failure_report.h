@@ -1,7 +1,7 @@
 // The boxes of failed commands.
 #pragma once
 
-#include "card/maker.h"
+#include "base/maker.h"
 #include "platform/base.h"
 
 #include <initializer_list>

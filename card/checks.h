@@ -23,7 +23,8 @@ inline constexpr Check all_checks[] = {Check::no_title, Check::unlinked_title, C
 inline constexpr int most_columns = 50;
 
 /// Numbers of the fields that a check is about, each once and ascending; of the columns all. Goes
-/// by the links that the records have. Trims the texts of the records that it reads.
+/// by the links that the records have. Trims the texts of the records that it reads. Raises
+/// subscript_out_of_range where there are less fields than the card says.
 std::vector<int> offenders(Check check, CardData& card);
 
 } // namespace kehystin

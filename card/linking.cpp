@@ -1,6 +1,6 @@
 #include "card/linking.h"
 
-#include "card/title_search.h"
+#include "card/internal/title_search.h"
 
 #include <algorithm>
 #include <array>

@@ -33,8 +33,9 @@ struct Linking {
 inline constexpr int usual_reach = 120;
 
 /// Links all fields anew: writes `group` of every field, `list` of every title and `linkki` of
-/// every data field that finds its title by geometry. A failure ends the run where it is; what it
-/// had done until then stays.
+/// every data field that finds its title by geometry, and trims `value` of all titles and `caption`
+/// of those that get a field. A failure ends the run where it is; what it had done until then
+/// stays.
 ///
 /// Raises overflow for a reach beyond 16 bits and subscript_out_of_range where there are less
 /// fields than the card says, both before any link is touched.

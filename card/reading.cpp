@@ -2,8 +2,8 @@
 
 #include "base/items.h"
 #include "card/format.h"
-#include "card/key_index.h"
-#include "card/repair.h"
+#include "card/internal/key_index.h"
+#include "card/internal/repair.h"
 
 #include <algorithm>
 #include <optional>
@@ -158,7 +158,7 @@ class Reader {
 
     bool take_missing(Judged judged, std::optional<std::string_view> later) {
         kept_value_ = judged == Judged::twips  ? Format(around_.twips_per_pixel)
-                      : judged == Judged::date ? short_date(around_.today)
+                      : judged == Judged::date ? short_date(around_.today.value_or(0))
                                                : std::string(later.value_or(""));
         value_ = kept_value_;
         auto const what = later ? Finding::What::old_key : Finding::What::missing_key;

@@ -4,6 +4,7 @@
 #include "card/card.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,7 +31,10 @@ struct Finding {
 
 /// What reading needs to know of the world around the file.
 struct Surroundings {
-    Date today = 0;
+    /// After it no card has been edited; it also stands for a date that cannot be read. Without it
+    /// every date stands, and what is none becomes day 0.
+    std::optional<Date> today = {};
+    /// Of the screen, for a card that says nothing of it or nonsense; 1 to 30.
     double twips_per_pixel = 15;
     /// What a leading "+" of the background picture stands for, with its closing separator.
     std::string folder = {};
@@ -61,9 +65,10 @@ struct Reading {
     std::string report() const;
 };
 
-/// Reads a card from the bytes of a file. What a file does not hold (`reserved`) stays as in
-/// `start`. `go_on` is asked for each missing key; false gives up. Raises overflow for a colour or
-/// a real number that does not fit its type.
+/// Reads a card from the bytes of a file. What a file does not hold of the card's own record
+/// (`reserved`) stays as in `start`; the fields are all new. `go_on` is asked for each missing key,
+/// without it the reading goes on; false gives up. Raises overflow for a colour or a real number
+/// that does not fit its type, and whatever one of the functions raises.
 Reading read_card(std::string_view bytes, CardData start, Surroundings const& around,
                   std::function<bool(Finding const&)> const& go_on = {});
 

@@ -1,7 +1,7 @@
 #include "card/writing.h"
 
+#include "base/maker.h"
 #include "card/format.h"
-#include "card/maker.h"
 
 #include <algorithm>
 #include <array>

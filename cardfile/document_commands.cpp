@@ -205,6 +205,17 @@ void open_file(int& step) {
     take_card(step, false);
 }
 
+/// What a card says of its save.
+void stamp_card() {
+    upd_tabIndex();
+    card.editDate = Today();
+    card.STPP = Integer(host().metrics().TwipsPerPixelX);
+    if (!session.needNewID)
+        CompareCards();
+    if (session.needNewID)
+        card.ID = GetNewID();
+}
+
 void save_card(int& step) {
     update_links();
     if (!run_save_checks(step))
@@ -219,17 +230,19 @@ void save_card(int& step) {
     step = 7;
     auto const before = open_card;
     auto const new_id_before = session.needNewID;
-    upd_tabIndex();
-    card.editDate = Today();
-    card.STPP = Integer(host().metrics().TwipsPerPixelX);
-    if (!session.needNewID)
-        CompareCards();
-    if (session.needNewID)
-        card.ID = GetNewID();
-    step = 8;
-    if (!SaveCardFile()) {
+    auto const put_back = [&] {
         open_card = before;
         session.needNewID = new_id_before;
+    };
+    try {
+        stamp_card();
+    } catch (...) {
+        put_back();
+        throw;
+    }
+    step = 8;
+    if (!SaveCardFile()) {
+        put_back();
         MarkCardChanged(); // the old contents may be gone, and then only this card has them
         return;
     }
@@ -317,25 +330,27 @@ void cmd_close_Click() {
     close_card();
 }
 
-bool open_kept_card(std::string const& kept, std::string const& file, bool new_id) {
-    bool opened = false;
+std::optional<CardData> open_kept_card(std::string const& kept, std::string const& file,
+                                       bool new_id) {
+    std::optional<CardData> opened;
     auto const open = [&](int& step) {
         fEditor->focusTimer.Enabled = false;
         if (!settle_changes(question_before_opening, box::warning + box::yes_no))
             return;
-        auto const file_before = std::exchange(session.cardFile, file);
+        auto own_file = file;
         auto const folder_before = std::exchange(session.cardFolder, folder_part(file));
         session.readFile = kept;
         if (!ReadCardFile(kept)) {
-            session.cardFile = file_before;
             session.cardFolder = folder_before;
             return;
         }
+        session.cardFile = std::move(own_file); // until here the open card is another one's
+        auto as_read = open_card;
         if (!take_card(step, new_id))
             return;
         kept_card = {}; // no file holds it
         MarkCardChanged();
-        opened = true;
+        opened = std::move(as_read);
     };
     run_command(open, report_opening);
     return opened;

@@ -2,8 +2,8 @@
 
 #include "boxes/failure_report.h"
 #include "cardfile/work_rescue.h"
+#include "disk/disk.h"
 #include "platform/host.h"
-#include "rescue/disk.h"
 #include "rescue/rescue.h"
 
 #include <optional>
@@ -54,13 +54,13 @@ std::uint64_t known_sum(std::string const& path) {
 }
 
 void know_what_is_left(std::string const& path, std::string_view bytes) {
-    auto const held = rescue::bytes_on_disk(path);
+    auto const held = disk::bytes_on_disk(path);
     if (held && bytes.starts_with(*held))
         know_file(path, *held);
 }
 
 void may_replace(std::string const& path) {
-    replaceable = {path, rescue::bytes_on_disk(path)};
+    replaceable = {path, disk::bytes_on_disk(path)};
 }
 
 void forget_agreement() {
@@ -77,7 +77,7 @@ namespace {
 /// Asks as far as the file, with these bytes, needs it.
 bool agrees(std::string const& path, std::optional<std::string> const& held) {
     if (!held)
-        return !rescue::is_there(path) ||
+        return !disk::is_there(path) ||
                ask(path, " Tiedostoa ei voida lukea, joten ei tiedetä, mitä siinä on:     ");
     // Of the card's own file nothing is left to lose where it is empty.
     bool const is_emptied = held->empty() && path == known.path;
@@ -96,14 +96,14 @@ bool agrees(std::string const& path, std::optional<std::string> const& held) {
 
 bool may_save_over(std::string const& path) {
     auto const agreed = std::exchange(replaceable, {});
-    if (rescue::is_special(path))
+    if (disk::is_special(path))
         return true; // refused when it is opened
-    auto held = rescue::bytes_on_disk(path);
+    auto held = disk::bytes_on_disk(path);
     if (agreed.path == path && agreed.bytes == held)
         return true;
     // A box may stand for hours.
     while (agrees(path, held)) {
-        auto now = rescue::bytes_on_disk(path);
+        auto now = disk::bytes_on_disk(path);
         if (now == held)
             return true;
         held = std::move(now);

@@ -17,6 +17,10 @@ bool begin_keeping() {
         return false;
     if (!keeper->running)
         keeper->running = std::make_unique<rescue::RunningSession>(keeper->store);
+    if (!keeper->running->is_locked()) {
+        keeper->running->lock_again();
+        keeper->noted_file.clear();
+    }
     auto const file = session.cardFormLoaded ? session.cardFile : std::string();
     if (keeper->noted_file != file) {
         keeper->running->note_file(file);

@@ -5,10 +5,11 @@
 #include "cardfile/known_file.h"
 #include "cardfile/rescue_keeper.h"
 #include "cardfile/work_rescue.h"
+#include "disk/disk.h"
 #include "model/card.h"
 #include "model/session.h"
+#include "panel/panel_fit.h"
 #include "platform/host.h"
-#include "rescue/disk.h"
 
 #include <algorithm>
 #include <iterator>
@@ -41,9 +42,8 @@ std::optional<Offer> choose_offer() {
     // save only when there is nothing newer. Who declines it again and again sees the others too.
     auto const often = rescue::times_declined(found.rescues.front().name) + 1;
     auto const rank = [&](rescue::Found const& one) {
-        bool const own =
-            rescue::times_declined(one.name) <= often && !session.cardFile.empty() &&
-            rescue::one_name_of(one.rescue.file) == rescue::one_name_of(session.cardFile);
+        bool const own = rescue::times_declined(one.name) <= often && !session.cardFile.empty() &&
+                         disk::one_name_of(one.rescue.file) == disk::one_name_of(session.cardFile);
         return !own ? 2 : one.rescue.kind == What::before ? 1 : 0;
     };
     auto& chosen =
@@ -80,7 +80,7 @@ void know_file_of(Rescue const& one, std::vector<rescue::Found> const& sides) {
             know_sum(one.file, one.file_sum);
         return;
     }
-    auto const held = rescue::bytes_on_disk(one.file);
+    auto const held = disk::bytes_on_disk(one.file);
     if (held && one.file_sum != 0 && rescue::checksum(*held) == one.file_sum)
         return know_sum(one.file, one.file_sum);
     bool const is_own = held && std::any_of(sides.begin(), sides.end(), [&](auto const& side) {
@@ -103,11 +103,13 @@ std::vector<std::string_view> lines_of(std::string_view bytes) {
 }
 
 /// Whether reading a card file has lost something that a user has made: a field, or a text. Numbers
-/// that the reader puts into their ranges are no loss.
+/// that the reader puts into their ranges are no loss, nor is a text that nobody has ever set.
 bool loses_something(std::string_view kept, std::string_view taken) {
+    using namespace std::string_view_literals;
     auto const is_number = [](std::string_view line) {
         auto const value = line.substr(std::min(line.find('='), line.size()));
-        return value.find_first_not_of("=-0123456789.,: \r") == std::string_view::npos;
+        // A comma is in texts alone, and they are cut there.
+        return value.find_first_not_of("=-0123456789. \0\r"sv) == std::string_view::npos;
     };
     auto const before = lines_of(kept);
     auto const now = lines_of(taken);
@@ -125,9 +127,8 @@ Rescue apart(Rescue one) {
 
 /// This session keeps what an earlier one has kept: the card that was opened as its own work, and
 /// what else there is of it until the card is saved.
-void take_over(std::vector<rescue::Found> const& found, rescue::Found const& opened) {
-    auto copy = open_card;
-    auto const taken = write_card(copy);
+void take_over(std::vector<rescue::Found> const& found, rescue::Found const& opened,
+               std::string_view taken) {
     bool const is_whole = opened.rescue.kind == What::before || // as its file would have been read
                           !loses_something(opened.rescue.bytes, taken);
     bool const is_needless = is_whole && opened.rescue.kind == What::work;
@@ -157,8 +158,6 @@ void take_over(std::vector<rescue::Found> const& found, rescue::Found const& ope
 /// What the session of a rescue has left of that card: the rescue itself, and the sides of saves
 /// into its file.
 std::vector<rescue::Found> all_of(rescue::Found const& chosen) {
-    if (chosen.rescue.kind == What::before) // what is newer stays what it is
-        return {chosen};
     auto found = rescue::look_for_rescues(keeper->store).rescues;
     std::erase_if(found, [&](rescue::Found const& one) {
         return one.name != chosen.name &&
@@ -178,12 +177,14 @@ void open_offered(rescue::Found const& chosen) {
                box::information, " Pelastettu kortti");
         return;
     }
-    if (!open_kept_card(keeper->store.folder() + chosen.name, one.file, one.new_id)) {
+    auto opened = open_kept_card(keeper->store.folder() + chosen.name, one.file, one.new_id);
+    if (!opened) {
         keeper->store.rename(chosen.name, rescue::name_of_declined(chosen.name));
         return;
     }
     know_file_of(one, found);
-    take_over(found, chosen);
+    // Of an old card what is newer stays what it is.
+    take_over(one.kind == What::before ? std::vector{chosen} : found, chosen, write_card(*opened));
 }
 
 void offer_one(Offer const& offer) {
@@ -218,8 +219,10 @@ void offer_one(Offer const& offer) {
 void offer_rescue() {
     if (!keeper || !keeper->store.keeps())
         return;
-    if (auto const offer = choose_offer())
+    if (auto const offer = choose_offer()) {
+        paintTimer_Timer(); // no timer runs while a box stands, and the panel has no rows yet
         offer_one(*offer);
+    }
 }
 
 } // namespace kehystin

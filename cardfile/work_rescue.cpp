@@ -5,14 +5,15 @@
 #include "cardfile/known_file.h"
 #include "cardfile/new_identity.h"
 #include "cardfile/rescue_keeper.h"
+#include "disk/disk.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/clock.h"
 #include "platform/system.h"
-#include "rescue/disk.h"
 #include "rescue/store.h"
 
 #include <algorithm>
+#include <exception>
 
 namespace kehystin {
 
@@ -32,13 +33,24 @@ Rescue rescue_of_work() {
             write_card(copy)};
 }
 
+/// Nothing is raised there, also where the memory runs out: what stays is offered once too often.
+template <class Work>
+void in_background(Work const& work) {
+    host().in_background([work] {
+        try {
+            work();
+        } catch (std::exception const&) {
+        }
+    });
+}
+
 void write_work() {
     auto const write = [store = keeper->store, name = name_of_work(), work = rescue_of_work(),
                         failed = keeper->failed] {
         try {
             with_memory_checked([&] { store.put(name, rescue::to_file(work)); });
             *failed = false;
-        } catch (RuntimeError const&) {
+        } catch (std::exception const&) {
             *failed = true;
         }
     };
@@ -53,9 +65,9 @@ void write_work() {
 void set_aside() {
     if (!std::exchange(keeper->keeps_work, false))
         return;
-    host().in_background([store = keeper->store, name = name_of_work(),
-                          other = rescue::name_beside(keeper->running->name(), ++keeper->numbers,
-                                                      What::work)] { store.rename(name, other); });
+    in_background([store = keeper->store, name = name_of_work(),
+                   other = rescue::name_beside(keeper->running->name(), ++keeper->numbers,
+                                               What::work)] { store.rename(name, other); });
 }
 
 /// Whether a save that was not finished has left these bytes in the file: they are the beginning of
@@ -67,12 +79,12 @@ bool is_left_by_a_save(std::string const& file, std::string_view held) {
 }
 
 bool is_one_file(std::string const& a, std::string const& b) {
-    return a == b || rescue::one_name_of(a) == rescue::one_name_of(b);
+    return a == b || disk::one_name_of(a) == disk::one_name_of(b);
 }
 
 /// Whether the file still holds what it held before a save that failed.
 bool is_as_before(Keeper::Beside const& before) {
-    auto const held = rescue::bytes_on_disk(before.file);
+    auto const held = disk::bytes_on_disk(before.file);
     return held && rescue::checksum(*held) == before.sum;
 }
 
@@ -91,12 +103,14 @@ void drop_beside(IsNeedless const& is_needless) {
     });
 }
 
-/// The open card lies in a file. What was kept of it goes, and what saves into that file were to
-/// write; of what files held before, only what this file held before this card, or what is there
-/// all the same.
+/// The open card lies in a file. What was kept of it goes, but not of another card, and what saves
+/// into that file were to write; of what files held before, only what this file held before this
+/// card, or what is there all the same.
 void drop_saved(std::string const& file) {
     drop_beside([&](Keeper::Beside const& one) {
-        if (one.kind != What::before)
+        if (one.kind == What::work)
+            return one.of_open_card;
+        if (one.kind == What::after)
             return one.of_open_card || is_one_file(one.file, file);
         return (one.of_open_card && is_one_file(one.file, file)) || is_as_before(one);
     });
@@ -117,10 +131,11 @@ void drop_given_up() {
     });
 }
 
-/// What could not be written is tried again: the disk may have room by then.
+/// What could not be written is tried again: the disk may have room by then. Where the lock has
+/// gone, somebody has deleted the folder.
 bool is_kept() {
-    return keeper->keeps_work && !*keeper->failed && keeper->kept_file == session.cardFile &&
-           is_same_card(keeper->kept, open_card);
+    return keeper->keeps_work && !*keeper->failed && keeper->running->is_locked() &&
+           keeper->kept_file == session.cardFile && is_same_card(keeper->kept, open_card);
 }
 
 bool hands_are_on_the_card() {
@@ -197,8 +212,7 @@ void drop_work() {
     if (!session.cardFormLoaded)
         set_aside(); // nobody gave up a card that could not be shown any more
     if (std::exchange(keeper->keeps_work, false))
-        host().in_background(
-            [store = keeper->store, name = name_of_work()] { store.remove(name); });
+        in_background([store = keeper->store, name = name_of_work()] { store.remove(name); });
 }
 
 void begin_other_card() {
@@ -221,7 +235,7 @@ SaveRescue::SaveRescue(std::string const& file, std::string_view bytes)
     : file_(file), bytes_(bytes) {
     // One failing leaves the other.
     with_folder([&] {
-        auto const held = rescue::bytes_on_disk(file_);
+        auto const held = disk::bytes_on_disk(file_);
         if (held && !is_left_by_a_save(file_, *held)) // what is left is in nobody's interest
             put_beside(
                 {What::before, file_, rescue::time_of(Now()), 0, false, known_sum(file_), *held});
@@ -233,13 +247,13 @@ SaveRescue::SaveRescue(std::string const& file, std::string_view bytes)
 }
 
 bool SaveRescue::finish() {
-    if (!keeper || !keeper->store.keeps())
+    if (!keeper)
         return true;
     keeper->store.before_operation();
-    if (!rescue::flush_to_disk(file_))
+    if (!disk::flush_to_disk(file_))
         return false;
     keeper->store.before_operation();
-    if (rescue::bytes_on_disk(file_) != bytes_)
+    if (disk::bytes_on_disk(file_) != bytes_ && !disk::is_closed_to_reading(file_))
         return false;
     host().finish_background();
     if (!keeper->running)

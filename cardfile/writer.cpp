@@ -4,11 +4,11 @@
 #include "card/writing.h"
 #include "cardfile/known_file.h"
 #include "cardfile/work_rescue.h"
+#include "disk/disk.h"
 #include "model/card.h"
 #include "model/session.h"
 #include "platform/files.h"
 #include "platform/host.h"
-#include "rescue/disk.h"
 
 #include <utility>
 
@@ -40,7 +40,7 @@ bool SaveCardFile() {
         // A copy: what was not written keeps its commas.
         auto written = open_card;
         bytes = write_card(written);
-        if (rescue::is_special(session.cardFile))
+        if (disk::is_special(session.cardFile))
             throw RuntimeError(ErrorNumber::path_file_access); // to a pipe one would write for ever
         SaveRescue rescue(session.cardFile, bytes);
         OutputFile file(session.cardFile);

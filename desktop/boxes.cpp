@@ -1,6 +1,6 @@
 #include "desktop/boxes.h"
 
-#include "desktop/look.h"
+#include "desktop/colours.h"
 #include "desktop/message_box.h"
 #include "desktop/text.h"
 #include "desktop/window_place.h"
@@ -32,9 +32,9 @@ struct BoxButton {
 };
 
 constexpr BoxButton okButton{Answer::ok, "OK", QMessageBox::AcceptRole};
-constexpr BoxButton cancelButton{Answer::cancel, "Peruuta", QMessageBox::RejectRole};
-constexpr BoxButton yesButton{Answer::yes, "Kyllä", QMessageBox::YesRole};
-constexpr BoxButton noButton{Answer::no, "Ei", QMessageBox::NoRole};
+constexpr BoxButton cancelButton{Answer::cancel, "&Peruuta", QMessageBox::RejectRole};
+constexpr BoxButton yesButton{Answer::yes, "&Kyllä", QMessageBox::YesRole};
+constexpr BoxButton noButton{Answer::no, "&Ei", QMessageBox::NoRole};
 
 /// The buttons by the lowest bits of the flags.
 std::span<BoxButton const> buttonsFor(int flags) {
@@ -171,7 +171,7 @@ std::string askText(QWidget* owner, std::string_view prompt, std::string_view ti
     dialog.setLabelText(toQtLines(prompt));
     dialog.setTextValue(toQt(platform::in_one_line(defaultText)));
     dialog.setOkButtonText(QStringLiteral("OK"));
-    dialog.setCancelButtonText(QStringLiteral("Peruuta"));
+    dialog.setCancelButtonText(QStringLiteral("&Peruuta"));
     constexpr int width = 360;
     dialog.resize(width, dialog.sizeHint().height());
     if (auto* const line = dialog.findChild<QLineEdit*>())
@@ -195,9 +195,9 @@ std::string askFile(QWidget* owner, platform::CommonDialog const& settings, File
         dialog.selectNameFilter(filters.at(settings.FilterIndex - 1));
     if (task == FileTask::save)
         dialog.setDefaultSuffix(toQt(settings.DefaultExt));
-    dialog.setLabelText(QFileDialog::Accept, task == FileTask::open ? QStringLiteral("Avaa")
-                                                                    : QStringLiteral("Tallenna"));
-    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Peruuta"));
+    dialog.setLabelText(QFileDialog::Accept, task == FileTask::open ? QStringLiteral("&Avaa")
+                                                                    : QStringLiteral("&Tallenna"));
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("&Peruuta"));
     if (auto const folder = firstFolder(settings); !folder.isEmpty())
         dialog.setDirectory(folder);
     // By itself it may come up taller than a small screen.
@@ -213,11 +213,11 @@ std::string askFile(QWidget* owner, platform::CommonDialog const& settings, File
 }
 
 platform::Colour askColour(QWidget* owner, platform::Colour start) {
-    QColorDialog dialog(toColour(start), owner);
+    QColorDialog dialog(toColour(start, Ground::card), owner);
     dialog.setOption(QColorDialog::DontUseNativeDialog);
     dialog.setWindowFlags(boxFlags);
     if (auto* const buttons = dialog.findChild<QDialogButtonBox*>())
-        buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("Peruuta"));
+        buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("&Peruuta"));
     if (dialog.exec() != QDialog::Accepted)
         throw platform::RuntimeError(platform::ErrorNumber::cancelled);
     auto const chosen = dialog.selectedColor();

@@ -10,6 +10,7 @@
 
 #include <QCursor>
 #include <QDrag>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
@@ -57,6 +58,8 @@ ButtonWidget::ButtonWidget(platform::Button& button, QWidget& parent, EventGate&
 void ButtonWidget::takeOver() {
     takeOverLook(*button());
     takeOverCaption(*this, button()->Caption.get());
+    setCheckable(button()->Toggles);
+    setChecked(button()->Checked);
     update();
 }
 
@@ -84,7 +87,7 @@ void ButtonWidget::paintFlat(QPainter& painter) {
     }
     if (showsFocus(*this))
         paintFrame(painter, rect(), palette().color(QPalette::Highlight));
-    drawPicture(painter, button()->Picture, rect());
+    drawPicture(painter, button()->Picture, rect(), Ground::window);
 }
 
 /// A caption with no room for a frame of the style's own, as beside the value of a row.
@@ -111,6 +114,14 @@ void ButtonWidget::paintRaised(QPainter& painter) {
     if (button()->Default)
         option.features |= QStyleOptionButton::DefaultButton;
     style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
+    // The style marks the default button and the one with the keyboard alike.
+    if (!showsFocus(*this))
+        return;
+    constexpr int inside = 3;
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = rect().adjusted(inside, inside, -inside, -inside);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
 }
 
 void ButtonWidget::mousePressEvent(QMouseEvent* event) {
@@ -158,7 +169,9 @@ void ButtonWidget::drag() {
     makeDrag(*this, *button())->exec(Qt::CopyAction);
     if (!alive)
         return;
-    setAttribute(Qt::WA_UnderMouse, rect().contains(mapFromGlobal(QCursor::pos())));
+    // Wayland tells nobody where the pointer goes in a drag, and leaves it where that began.
+    bool const known = !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    setAttribute(Qt::WA_UnderMouse, known && rect().contains(mapFromGlobal(QCursor::pos())));
     update();
 }
 

@@ -25,6 +25,7 @@ class ButtonWidget : public QAbstractButton, public ControlWidget {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void nextCheckState() override {} // the program sets it
 
   private:
     platform::Button* button() const { return static_cast<platform::Button*>(control()); }

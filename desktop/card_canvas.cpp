@@ -1,9 +1,9 @@
 #include "desktop/card_canvas.h"
 
+#include "desktop/colours.h"
 #include "desktop/control_painter.h"
 #include "desktop/drag.h"
 #include "desktop/form_painter.h"
-#include "desktop/look.h"
 #include "desktop/mouse.h"
 #include "desktop/spoken_card.h"
 #include "platform/input.h"
@@ -88,7 +88,7 @@ void CardCanvas::paintLayers(QPainter const& onto, QRect const& wanted) {
     auto const place = (visibleRegion().boundingRect() | wanted) & rect();
     background_.cover(place, onto);
     standing_.cover(place, onto);
-    background_.image().fill(toColour(form_->BackColor));
+    background_.image().fill(toColour(form_->BackColor, Ground::card));
     QPainter painter(&background_.image());
     background_.alignPainter(painter);
     paintGround(painter, *form_, rect());

@@ -1,6 +1,7 @@
 #include "desktop/control_painter.h"
 
 #include "desktop/card_layer.h"
+#include "desktop/colours.h"
 #include "desktop/device_pixels.h"
 #include "desktop/drawing_painter.h"
 #include "desktop/fonts.h"
@@ -31,7 +32,7 @@ QStyle& style() {
 
 void setUp(QStyleOption& option, platform::TextControl const& control, QRect const& place) {
     option.rect = place;
-    option.palette = paletteFor(control.ForeColor, control.BackColor);
+    option.palette = paletteFor(control.ForeColor, control.BackColor, groundOf(control));
     option.fontMetrics = QFontMetrics(fontFor(control.font()));
     option.state = QStyle::State_Active;
     if (control.Enabled)
@@ -42,8 +43,8 @@ void setUp(QStyleOption& option, platform::TextControl const& control, QRect con
 void setTextPen(QPainter& painter, platform::TextControl const& control) {
     painter.setFont(fontFor(control.font()));
     painter.setPen(control.Enabled
-                       ? toColour(control.ForeColor)
-                       : QApplication::palette().color(QPalette::Disabled, QPalette::Text));
+                       ? toColour(control.ForeColor, groundOf(control))
+                       : paletteOf(groundOf(control)).color(QPalette::Disabled, QPalette::Text));
 }
 
 /// Only what sticks out of `clip` is cut off, not what sticks out of the place.
@@ -86,13 +87,13 @@ void drawScrollBar(QPainter& painter, platform::TextControl const& control, QRec
     // corner.
     CardLayer bar;
     bar.cover(place, painter);
-    bar.image().fill(toColour(control.BackColor));
+    bar.image().fill(toColour(control.BackColor, groundOf(control)));
     QPainter onBar(&bar.image());
     bar.alignPainter(onBar);
     onBar.translate(place.topLeft());
     QStyleOptionSlider option;
     setUp(option, control, QRect(QPoint(), place.size()));
-    option.palette = QApplication::palette();
+    option.palette = paletteOf(groundOf(control));
     option.state |= QStyle::State_Enabled;
     option.orientation = Qt::Vertical;
     option.maximum = 0; // nothing to scroll: the thumb fills the groove
@@ -131,10 +132,10 @@ template <class Box>
 void paintMarked(QPainter& painter, Box const& box, QRect const& place, bool on,
                  QStyle::PrimitiveElement mark, QStyle::PixelMetric width,
                  QStyle::PixelMetric height) {
-    painter.fillRect(place, toColour(box.BackColor));
+    painter.fillRect(place, toColour(box.BackColor, groundOf(box)));
     QStyleOptionButton option;
     setUp(option, box, place);
-    option.palette = QApplication::palette(); // the mark is the style's, not the caption's colour
+    option.palette = paletteOf(groundOf(box)); // the mark is the style's, not the caption's colour
     option.state |= on ? QStyle::State_On : QStyle::State_Off;
     QSize const size(style().pixelMetric(width), style().pixelMetric(height));
     option.rect =
@@ -154,7 +155,7 @@ void paintComboBox(QPainter& painter, platform::ComboBox const& box, QRect const
     arrow.setLeft(std::max(inside.left(), inside.right() - scrollBarWidth + 1));
     QStyleOption option;
     setUp(option, box, arrow.adjusted(5, 4, -4, -4));
-    option.palette = QApplication::palette();
+    option.palette = paletteOf(groundOf(box));
     painter.fillRect(arrow, option.palette.color(QPalette::Button));
     painter.fillRect(arrow.left(), arrow.top(), 1, arrow.height(),
                      option.palette.color(QPalette::Dark));
@@ -185,7 +186,7 @@ void paintButton(QPainter& painter, platform::Button const& button, QRect const&
     option.text = toQt(button.Caption.get());
     painter.setFont(fontFor(button.font()));
     style().drawControl(QStyle::CE_PushButton, &option, &painter);
-    drawPicture(painter, button.Picture, place);
+    drawPicture(painter, button.Picture, place, groundOf(button));
 }
 
 /// True for a box on which its own picture has been painted, in some other size: it is to be seen
@@ -204,10 +205,10 @@ bool isPaintedOn(platform::PictureBox const& box) {
 void paintLabel(QPainter& painter, platform::Label const& label, QRect const& place,
                 Ampersand ampersand) {
     if (label.BackStyle == static_cast<int>(platform::BackStyle::opaque))
-        painter.fillRect(place, toColour(label.BackColor));
+        painter.fillRect(place, toColour(label.BackColor, groundOf(label)));
     auto inside = place;
     if (label.BorderStyle != 0) {
-        paintFrame(painter, place, QApplication::palette().color(QPalette::Dark));
+        paintFrame(painter, place, paletteOf(groundOf(label)).color(QPalette::Dark));
         inside.adjust(1, 1, -1, -1);
     }
     setTextPen(painter, label);
@@ -228,14 +229,14 @@ void paintLabel(QPainter& painter, platform::Label const& label, QRect const& pl
 }
 
 void paintPictureBox(QPainter& painter, platform::PictureBox const& box, QRect const& place) {
-    painter.fillRect(place, toColour(box.BackColor));
+    painter.fillRect(place, toColour(box.BackColor, groundOf(box)));
     auto inside = place;
     if (box.BorderStyle != 0) {
-        paintFrame(painter, place, QApplication::palette().color(QPalette::Shadow));
+        paintFrame(painter, place, paletteOf(groundOf(box)).color(QPalette::Shadow));
         inside.adjust(1, 1, -1, -1);
     }
     if (!isPaintedOn(box))
-        drawPicture(painter, box.Picture, inside);
+        drawPicture(painter, box.Picture, inside, groundOf(box));
     if (box.drawing().empty())
         return;
     painter.save();
@@ -248,14 +249,14 @@ void paintPictureBox(QPainter& painter, platform::PictureBox const& box, QRect c
 void paintShape(QPainter& painter, platform::Shape const& shape, QRect const& place) {
     // A shape without width or height still shows as a line.
     paintFrame(painter, QRect(place.topLeft(), place.size().expandedTo({1, 1})),
-               toColour(shape.BorderColor));
+               toColour(shape.BorderColor, groundOf(shape)));
 }
 
 void paintLine(QPainter& painter, platform::Line const& line) {
     auto const pixels = [&](double length) {
         return static_cast<int>(std::lround(toPixels(line.form(), length)));
     };
-    painter.setPen(toColour(line.BorderColor));
+    painter.setPen(toColour(line.BorderColor, groundOf(line)));
     painter.drawLine(pixels(line.X1), pixels(line.Y1), pixels(line.X2), pixels(line.Y2));
 }
 

@@ -1,10 +1,10 @@
 #include "desktop/control_widget.h"
 
 #include "desktop/button_widgets.h"
+#include "desktop/colours.h"
 #include "desktop/fonts.h"
 #include "desktop/frame_widget.h"
 #include "desktop/list_widgets.h"
-#include "desktop/look.h"
 #include "desktop/painted_widgets.h"
 #include "desktop/scroll_widgets.h"
 #include "desktop/text_widgets.h"
@@ -21,7 +21,13 @@ void ControlWidget::takeOverLook(platform::TextControl const& control) {
         return;
     fore_ = control.ForeColor;
     back_ = control.BackColor;
-    widget().setPalette(paletteFor(fore_, back_));
+    hasLook_ = true;
+    takeOverPalette();
+}
+
+void ControlWidget::takeOverPalette() {
+    if (hasLook_ && control_)
+        widget().setPalette(paletteFor(fore_, back_, groundOf(*control_)));
 }
 
 ControlWidget* makeControlWidget(platform::Control& control, QWidget& parent, EventGate& gate) {

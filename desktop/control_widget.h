@@ -23,6 +23,9 @@ class ControlWidget {
     /// The widget that the mouse touches: for some it is one inside.
     virtual QWidget& mouseWidget() { return widget(); }
 
+    /// Puts on the colours of another desktop palette.
+    void takeOverPalette();
+
     /// Null once the control has gone, while events of the widget may still be running.
     platform::Control* control() const { return control_; }
     void forgetControl() { control_ = nullptr; }
@@ -38,6 +41,7 @@ class ControlWidget {
     platform::Font font_;
     platform::Colour fore_ = -1;
     platform::Colour back_ = -1;
+    bool hasLook_ = false;
 };
 
 /// Makes the widget of a control's class; null for a class that shows nothing.

@@ -53,7 +53,7 @@ QPixmap dropOutline(QWidget const& widget, platform::Button const& button) {
     constexpr int smallest = 10; // an icon says nothing below this
     int const icon = std::min({iconSize, place.height() - 2 * margin, place.width() - 2 * margin});
     if (icon >= smallest)
-        drawPicture(painter, button.Picture, QRect(margin, margin, icon, icon));
+        drawPicture(painter, button.Picture, QRect(margin, margin, icon, icon), Ground::card);
     return pixmap;
 }
 

@@ -1,8 +1,8 @@
 #include "desktop/drawing_painter.h"
 
+#include "desktop/colours.h"
 #include "desktop/device_pixels.h"
 #include "desktop/fonts.h"
-#include "desktop/look.h"
 #include "desktop/pictures.h"
 #include "desktop/text.h"
 
@@ -20,10 +20,10 @@ namespace {
 class DrawingPainter {
   public:
     DrawingPainter(QPainter& painter, platform::TextControl const& owner, double pixelsPerUnit)
-        : painter_(painter), owner_(owner), scale_(pixelsPerUnit) {}
+        : painter_(painter), owner_(owner), ground_(groundOf(owner)), scale_(pixelsPerUnit) {}
 
     void operator()(platform::DrawingLayer::Dots const& dots) {
-        auto const colour = toColour(dots.colour);
+        auto const colour = toColour(dots.colour, ground_);
         // A grid is a hundred thousand dots: they go straight into the picture where there is one.
         auto* const image = dynamic_cast<QImage*>(painter_.device());
         bool const direct = image && image->depth() == 32 && image->devicePixelRatio() == 1 &&
@@ -44,7 +44,7 @@ class DrawingPainter {
     }
 
     void operator()(platform::DrawingLayer::Line const& line) {
-        painter_.setPen(toColour(line.colour));
+        painter_.setPen(toColour(line.colour, ground_));
         painter_.drawLine(pixel(line.x1), pixel(line.y1), pixel(line.x2), pixel(line.y2));
     }
 
@@ -52,12 +52,12 @@ class DrawingPainter {
         // Both corners belong to the box.
         QRect const area(QPoint(pixel(box.x1), pixel(box.y1)),
                          QPoint(pixel(box.x2), pixel(box.y2)));
-        painter_.fillRect(area.normalized(), toColour(box.colour));
+        painter_.fillRect(area.normalized(), toColour(box.colour, ground_));
     }
 
     void operator()(platform::DrawingLayer::Text const& text) {
         painter_.setFont(fontFor(owner_.font()));
-        painter_.setPen(toColour(owner_.ForeColor));
+        painter_.setPen(toColour(owner_.ForeColor, ground_));
         QRectF const area(text.x * scale_, text.y * scale_, 1e4, 1e4);
         painter_.drawText(area, Qt::AlignLeft | Qt::AlignTop, toQt(text.text));
     }
@@ -86,6 +86,7 @@ class DrawingPainter {
 
     QPainter& painter_;
     platform::TextControl const& owner_;
+    Ground ground_;
     double scale_;
 };
 

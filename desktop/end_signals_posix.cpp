@@ -29,11 +29,13 @@ class EndSignals : public QObject {
         notifier_ = std::make_unique<QSocketNotifier>(ends[1], QSocketNotifier::Read);
         connect(notifier_.get(), &QSocketNotifier::activated, this, [this] { end(); });
         for (int const number : requests)
-            std::signal(number, passSignalOn);
+            if (std::signal(number, SIG_IGN) != SIG_IGN) // as the one who starts it may wish
+                std::signal(number, passSignalOn);
     }
     ~EndSignals() override {
         for (int const number : requests)
-            std::signal(number, SIG_DFL);
+            if (std::signal(number, SIG_IGN) == passSignalOn)
+                std::signal(number, SIG_DFL);
         notifier_.reset();
         for (int& end : ends)
             if (int const open = std::exchange(end, -1); open >= 0)

@@ -69,6 +69,11 @@ Face const& faceFor(platform::Font const& font) {
     return made.emplace_back(Face{font, qtFont, QFontMetricsF(qtFont)});
 }
 
+platform::Font& interfaceFace() {
+    static platform::Font face{"MS Sans Serif", 9, false, false, false};
+    return face;
+}
+
 } // namespace
 
 QFont const& fontFor(platform::Font const& font) {
@@ -76,7 +81,19 @@ QFont const& fontFor(platform::Font const& font) {
 }
 
 QFont interfaceFont() {
-    return fontFor({"MS Sans Serif", 9, false, false, false});
+    return fontFor(interfaceFace());
+}
+
+void setInterfaceFont(QFont const& desktop) {
+    auto& face = interfaceFace();
+    face = {};
+    auto const family = desktop.family();
+    bool const any = family.isEmpty() || family == QLatin1String("Sans") ||
+                     family == QLatin1String("Sans Serif");
+    face.name = any ? "MS Sans Serif" : fromQt(family);
+    face.size = desktop.pointSizeF() > 0 ? desktop.pointSizeF() : desktop.pixelSize() * 72.0 / 96;
+    face.bold = desktop.bold();
+    face.italic = desktop.italic();
 }
 
 QFont boxFont() {

@@ -14,8 +14,10 @@ namespace desktop {
 /// The face for a font of the program, its size in whole pixels at 96 dots an inch. Kept once made.
 QFont const& fontFor(platform::Font const& font);
 
-/// The face of menus, boxes and everything else that no control describes.
+/// The face of menus, boxes, the help and everything else that no control describes: the desktop's,
+/// in the program's own family where the desktop names just any.
 QFont interfaceFont();
+void setInterfaceFont(QFont const& desktop);
 /// The same for boxes, which show names of files in any script; finding faces for all of them takes
 /// its time.
 QFont boxFont();

@@ -1,8 +1,8 @@
 #include "desktop/form_painter.h"
 
+#include "desktop/colours.h"
 #include "desktop/control_painter.h"
 #include "desktop/drawing_painter.h"
-#include "desktop/look.h"
 #include "desktop/pictures.h"
 #include "desktop/text.h"
 
@@ -27,12 +27,12 @@ QRect placeOf(platform::Control const& control) {
 }
 
 void paintGround(QPainter& painter, platform::Form const& form, QRect const& inside) {
-    drawPicture(painter, form.Picture, inside);
+    drawPicture(painter, form.Picture, inside, groundOf(form));
     paintDrawing(painter, form.drawing(), form, toPixels(form, 1));
 }
 
 void paintForm(QPainter& painter, platform::Form const& form, QRect const& inside) {
-    painter.fillRect(inside, toColour(form.BackColor));
+    painter.fillRect(inside, toColour(form.BackColor, groundOf(form)));
     paintGround(painter, form, inside);
     auto const paint = [&](auto const& wanted) {
         for (auto const* const control : form.children())

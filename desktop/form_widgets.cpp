@@ -4,6 +4,7 @@
 #include "desktop/keyboard.h"
 #include "desktop/mouse.h"
 #include "desktop/painted_widgets.h"
+#include "desktop/spoken_picture.h"
 #include "desktop/text.h"
 #include "platform/input.h"
 #include "platform/system.h"
@@ -29,7 +30,9 @@ bool hasWidget(platform::Control const& control) {
 } // namespace
 
 FormWidgets::FormWidgets(platform::Form& form, QWidget& surface, EventGate& gate)
-    : form_(form), surface_(surface), gate_(gate) {}
+    : form_(form), surface_(surface), gate_(gate) {
+    letPicturesSpeak();
+}
 
 void FormWidgets::showAll() {
     showChildren(form_);
@@ -88,6 +91,9 @@ ControlWidget* FormWidgets::make(platform::Control& control) {
         watched->installEventFilter(this);
         watched->setMouseTracking(true);
     }
+    if (auto const* const label = dynamic_cast<platform::Label const*>(&control);
+        label && label->caption_of)
+        uncaptioned_.insert(label);
     bool const painted = control.control_class() == ControlClass::label ||
                          control.control_class() == ControlClass::picture_box;
     bool const link = control.control_class() == ControlClass::label;
@@ -119,6 +125,7 @@ void FormWidgets::place(ControlWidget& shown) {
 void FormWidgets::remove(platform::Control const& control) {
     auto* const gone = widgets_.take(&control);
     unordered_.remove(const_cast<platform::Control*>(&control));
+    uncaptioned_.remove(&control);
     if (!gone)
         return;
     owners_.remove(&gone->widget());
@@ -131,6 +138,17 @@ void FormWidgets::remove(platform::Control const& control) {
 void FormWidgets::settle() {
     for (auto* const container : std::exchange(unordered_, {}))
         restack(*container);
+    uncaptioned_.removeIf([this](platform::Control const* label) { return tellCaption(*label); });
+}
+
+/// False while one of the two has not been shown yet.
+bool FormWidgets::tellCaption(platform::Control const& label) {
+    auto* const caption = qobject_cast<QLabel*>(find(label));
+    auto* const named = find(*static_cast<platform::Label const&>(label).caption_of);
+    if (!caption || !named)
+        return false;
+    caption->setBuddy(named);
+    return true;
 }
 
 void FormWidgets::restack(platform::Control& container) {
@@ -150,6 +168,13 @@ void FormWidgets::restack(platform::Control& container) {
     if (!inOrder)
         for (auto* const widget : std::as_const(wanted))
             widget->raise();
+}
+
+void FormWidgets::takeOverPalette() {
+    for (auto* const shown : std::as_const(widgets_)) {
+        shown->takeOverPalette();
+        shown->widget().update();
+    }
 }
 
 QWidget* FormWidgets::find(platform::Control const& control) const {

@@ -21,8 +21,11 @@ class FormWidgets : public QObject {
     /// Makes what the form shows that has no widget yet.
     void showAll();
     void remove(platform::Control const& control);
-    /// Puts widgets that overlap into the order of their controls.
+    /// Puts widgets that overlap into the order of their controls, and captions to what they name.
     void settle();
+
+    /// Puts on the colours of another desktop palette.
+    void takeOverPalette();
 
     QWidget* find(platform::Control const& control) const;
     /// The control whose widget this is, or is inside of; null for none.
@@ -37,6 +40,7 @@ class FormWidgets : public QObject {
     void showChildren(platform::Control& container);
     void place(ControlWidget& shown);
     void restack(platform::Control& container);
+    bool tellCaption(platform::Control const& label);
 
     platform::Form& form_;
     QWidget& surface_;
@@ -44,6 +48,7 @@ class FormWidgets : public QObject {
     QHash<platform::Control const*, ControlWidget*> widgets_;
     QHash<QObject const*, ControlWidget*> owners_;
     QSet<platform::Control*> unordered_;
+    QSet<platform::Control const*> uncaptioned_; // labels whose caption_of is not yet told
 };
 
 } // namespace desktop

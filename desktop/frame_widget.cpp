@@ -12,8 +12,9 @@ FrameWidget::FrameWidget(platform::Frame& frame, QWidget& parent, EventGate& gat
 
 void FrameWidget::takeOver() {
     takeOverLook(*frame());
-    if (auto const caption = toQt(frame()->Caption.get()); title() != caption)
-        setTitle(caption);
+    // Not as the widget's title: Qt would tell it as the caption of all that stands in the frame.
+    caption_ = toQt(frame()->Caption.get());
+    setAccessibleName(caption_.trimmed());
     update();
 }
 
@@ -31,14 +32,14 @@ void FrameWidget::paintBorder(QPainter& painter) {
     constexpr int captionLeft = 8;
     int const above = fontMetrics().height() / 2;
     paintFrame(painter, rect().adjusted(0, above, 0, 0), palette().color(QPalette::Dark));
-    if (title().isEmpty())
+    if (caption_.isEmpty())
         return;
-    QRect const place(captionLeft, 0, fontMetrics().horizontalAdvance(title()),
+    QRect const place(captionLeft, 0, fontMetrics().horizontalAdvance(caption_),
                       fontMetrics().height());
     painter.fillRect(place, palette().color(QPalette::Window));
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, title());
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, caption_);
 }
 
 } // namespace desktop

@@ -20,6 +20,8 @@ class FrameWidget : public QGroupBox, public ControlWidget {
   private:
     platform::Frame* frame() const { return static_cast<platform::Frame*>(control()); }
     void paintBorder(QPainter& painter);
+
+    QString caption_;
 };
 
 } // namespace desktop

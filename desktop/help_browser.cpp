@@ -1,15 +1,19 @@
 #include "desktop/help_browser.h"
 
+#include "desktop/colours.h"
 #include "desktop/help_file.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QFontInfo>
 #include <QPixmap>
+#include <QRegularExpression>
 #include <QTextCursor>
 #include <QUrl>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace desktop {
 
@@ -25,6 +29,22 @@ QUrl addressOf(QString const& page) {
     return address;
 }
 
+/// A style sheet whose colours have been chosen for light paper.
+QString onThisDesktop(QString const& sheet) {
+    static QRegularExpression const colour(QStringLiteral("#[0-9a-fA-F]{6}\\b"));
+    QString fit;
+    qsizetype end = 0;
+    for (auto found = colour.globalMatch(sheet); found.hasNext();) {
+        auto const match = found.next();
+        QColor const given(match.captured());
+        auto const number = platform::RGB(given.red(), given.green(), given.blue());
+        fit += QStringView(sheet).mid(end, match.capturedStart() - end);
+        fit += toColour(number, Ground::window).name();
+        end = match.capturedEnd();
+    }
+    return fit + sheet.mid(end);
+}
+
 QString nameOf(QUrl const& address) {
     auto path = address.path();
     while (path.startsWith(u'/'))
@@ -36,12 +56,24 @@ QString nameOf(QUrl const& address) {
 
 HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
     setFrameShape(QFrame::NoFrame);
-    // The application's face, at a size that can grow: by points.
-    auto face = font();
-    face.setPointSizeF(QFontInfo(face).pointSizeF());
-    setFont(face);
+    takeOverFont();
     constexpr int margin = 14; // pixels
     document()->setDocumentMargin(margin);
+}
+
+/// The application's face, at a size that can grow: by points.
+void HelpBrowser::takeOverFont() {
+    auto face = QApplication::font();
+    face.setPointSizeF(QFontInfo(face).pointSizeF());
+    setFont(face);
+}
+
+void HelpBrowser::dressAnew() {
+    takeOverFont();
+    int const zoomed = std::exchange(zoomed_, 0);
+    zoom(zoomed);
+    reload();
+    fitPictures();
 }
 
 void HelpBrowser::showPage(QString const& page) {
@@ -64,6 +96,7 @@ void HelpBrowser::mark(QStringList const& words) {
             ExtraSelection here;
             here.cursor = found;
             here.format.setBackground(QColor(255, 226, 120));
+            here.format.setForeground(Qt::black);
             marks.append(here);
         }
     setExtraSelections(marks);
@@ -114,6 +147,8 @@ QVariant HelpBrowser::loadResource(int type, QUrl const& name) {
     if (!file_)
         return {};
     auto const wanted = nameOf(name);
+    if (type == QTextDocument::StyleSheetResource)
+        return onThisDesktop(file_->text(wanted));
     if (type != QTextDocument::HtmlResource)
         return file_->read(wanted);
     auto const page = file_->text(wanted);

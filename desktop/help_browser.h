@@ -31,6 +31,9 @@ class HelpBrowser : public QTextBrowser {
     /// One step larger (1) or smaller (-1), within bounds; 0 for the ordinary size.
     void zoom(int step);
 
+    /// Takes over colours and font of the application, which have changed.
+    void dressAnew();
+
     QVariant loadResource(int type, QUrl const& name) override;
 
   protected:
@@ -39,6 +42,7 @@ class HelpBrowser : public QTextBrowser {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void takeOverFont();
     /// Pictures are as wide as they are, or as the page.
     void fitPictures();
     QString missingPage(QString const& name) const;

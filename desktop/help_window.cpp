@@ -20,7 +20,6 @@ namespace desktop {
 namespace {
 
 constexpr int pageRole = Qt::UserRole;
-constexpr int lineHeight = 20; // pixels, of contents and index
 
 QVBoxLayout* tightColumn(QWidget& widget) {
     auto* const layout = new QVBoxLayout(&widget);
@@ -64,9 +63,9 @@ HelpWindow::HelpWindow(std::unique_ptr<HelpFile> file)
     tabs_->setDocumentMode(true);
     tabs_->setAccessibleName(QStringLiteral("Ohjeen osat"));
     tabs_->tabBar()->setAccessibleName(QStringLiteral("Ohjeen osat"));
-    tabs_->addTab(makeContents(), QStringLiteral("Sisällys"));
-    tabs_->addTab(makeIndex(), QStringLiteral("Hakemisto"));
-    tabs_->addTab(makeSearch(), QStringLiteral("Haku"));
+    tabs_->addTab(makeContents(), QStringLiteral("&Sisällys"));
+    tabs_->addTab(makeIndex(), QStringLiteral("&Hakemisto"));
+    tabs_->addTab(makeSearch(), QStringLiteral("H&aku"));
     split_->addWidget(tabs_);
     split_->addWidget(browser_);
     split_->setChildrenCollapsible(false);
@@ -90,6 +89,13 @@ void HelpWindow::setFile(std::unique_ptr<HelpFile> file) {
 
 void HelpWindow::showPage(QString const& page) {
     browser_->showPage(page);
+}
+
+/// Pixels, of contents and index.
+int HelpWindow::lineHeight() const {
+    constexpr int least = 20;
+    constexpr int around = 4;
+    return std::max(least, fontMetrics().height() + around);
 }
 
 QWidget* HelpWindow::makeBar() {
@@ -208,7 +214,7 @@ void HelpWindow::fillContents() {
         above.resize(std::min<qsizetype>(entry.level, above.size()));
         auto* const line = new QTreeWidgetItem({entry.title});
         line->setData(0, pageRole, entry.page);
-        line->setSizeHint(0, {0, lineHeight});
+        line->setSizeHint(0, {0, lineHeight()});
         if (above.isEmpty())
             contents_->addTopLevelItem(line);
         else
@@ -224,7 +230,7 @@ void HelpWindow::fillIndex() {
     for (auto const& entry : file_->index()) {
         auto* const line = new QListWidgetItem(entry.title, index_);
         line->setData(pageRole, entry.page);
-        line->setSizeHint({0, lineHeight});
+        line->setSizeHint({0, lineHeight()});
     }
 }
 
@@ -296,6 +302,20 @@ void HelpWindow::goToSearch() {
     tabs_->setCurrentIndex(2);
     searched_->setFocus(Qt::ShortcutFocusReason);
     searched_->selectAll();
+}
+
+/// The page has taken its colours and its size from the desktop that was.
+bool HelpWindow::event(QEvent* event) {
+    bool const done = QWidget::event(event);
+    bool const dressed = event->type() == QEvent::ApplicationPaletteChange ||
+                         event->type() == QEvent::ApplicationFontChange;
+    if (!dressed || !file_)
+        return done;
+    fillContents();
+    fillIndex();
+    browser_->dressAnew();
+    selectInContents(browser_->page());
+    return done;
 }
 
 void HelpWindow::keyPressEvent(QKeyEvent* event) {

@@ -31,12 +31,14 @@ class HelpWindow : public QWidget {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    bool event(QEvent* event) override;
 
   private:
     QWidget* makeBar();
     QWidget* makeContents();
     QWidget* makeIndex();
     QWidget* makeSearch();
+    int lineHeight() const;
     void fillContents();
     void fillIndex();
     void narrowIndex(QString const& typed);

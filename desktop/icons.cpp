@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 /// The icons are linked in with the library; a static one must be asked for them.
 static void linkIcons() {
@@ -16,6 +17,9 @@ static void linkIcons() {
 namespace desktop {
 
 namespace {
+
+/// The program's own mark is the same everywhere.
+QLatin1String const programName("kehystin");
 
 QString resourceOf(QString const& name, char const* kind) {
     return QStringLiteral(":/icons/%1.%2").arg(name, QLatin1String(kind));
@@ -71,11 +75,15 @@ int drawnSize(QString const& name) {
     return size;
 }
 
-QPixmap iconPixmap(QString const& name, int size, qreal pixelRatio) {
+QPixmap iconPixmap(QString const& name, int size, qreal pixelRatio, Ground ground) {
     ensureLinked();
     static QHash<QString, QPixmap> made;
+    static int madeFor = windowPaletteNumber();
+    if (std::exchange(madeFor, windowPaletteNumber()) != madeFor)
+        made.clear();
     int const pixels = static_cast<int>(std::ceil(size * pixelRatio));
-    auto& pixmap = made[QStringLiteral("%1/%2").arg(name).arg(pixels)];
+    auto& pixmap =
+        made[QStringLiteral("%1/%2/%3").arg(name).arg(pixels).arg(static_cast<int>(ground))];
     if (!pixmap.isNull())
         return pixmap;
     auto const source = sourceName(name);
@@ -85,6 +93,8 @@ QPixmap iconPixmap(QString const& name, int size, qreal pixelRatio) {
     auto image = imageOf(source, pixels);
     if (grey)
         makeGrey(image);
+    if (source != programName)
+        fitToGround(image, ground);
     pixmap = QPixmap::fromImage(std::move(image));
     pixmap.setDevicePixelRatio(pixelRatio);
     return pixmap;
@@ -93,7 +103,7 @@ QPixmap iconPixmap(QString const& name, int size, qreal pixelRatio) {
 QIcon applicationIcon() {
     QIcon icon;
     for (int const size : {16, 32, 64})
-        icon.addPixmap(iconPixmap(QStringLiteral("kehystin"), size, 1));
+        icon.addPixmap(iconPixmap(programName, size, 1, Ground::card));
     return icon;
 }
 

@@ -1,6 +1,8 @@
 // The program's own pictures: SVG sources by name, drawn when first shown.
 #pragma once
 
+#include "desktop/colours.h"
+
 #include <QIcon>
 #include <QPixmap>
 #include <QString>
@@ -14,8 +16,9 @@ inline constexpr int iconSize = 24;
 int drawnSize(QString const& name);
 
 /// The drawing of a picture by its name, `size` logical pixels wide and high, for a screen of this
-/// pixel ratio. "name0" is the grey state of "name". Null for a name without a drawing.
-QPixmap iconPixmap(QString const& name, int size, qreal pixelRatio);
+/// pixel ratio, readable on its ground. "name0" is the grey state of "name". Null for a name
+/// without a drawing.
+QPixmap iconPixmap(QString const& name, int size, qreal pixelRatio, Ground ground);
 
 /// The icon of the application itself.
 QIcon applicationIcon();

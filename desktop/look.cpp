@@ -1,38 +1,46 @@
 #include "desktop/look.h"
 
+#include "desktop/colours.h"
 #include "desktop/device_pixels.h"
 #include "desktop/fonts.h"
 
 #include <QApplication>
 #include <QEvent>
+#include <QFontDatabase>
 #include <QIconEngine>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QStyleFactory>
 #include <QStyleOptionTitleBar>
 
+#include <algorithm>
+
 namespace desktop {
 
 namespace {
-
-QColor const face(240, 240, 240);
-QColor const text(25, 28, 33);
-QColor const shadow(176, 180, 186);
-QColor const accent(47, 111, 191);
 
 /// Two small arrowheads: what does not fit a bar is behind them.
 class MoreEngine : public QIconEngine {
   public:
     QIconEngine* clone() const override { return new MoreEngine; }
+    /// On nothing: by itself an engine gives its painter whatever the memory held.
+    QPixmap pixmap(QSize const& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap drawn(size);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        paint(&painter, drawn.rect(), mode, state);
+        return drawn;
+    }
     void paint(QPainter* painter, QRect const& place, QIcon::Mode, QIcon::State) override {
+        constexpr double drawnFor = 16; // pixels
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(QPen(text, 1.5));
-        auto const middle = QRectF(place).center();
+        painter->translate(QRectF(place).center());
+        painter->scale(place.width() / drawnFor, place.width() / drawnFor);
+        painter->setPen(QPen(paletteOf(Ground::window).color(QPalette::WindowText), 1.5));
         for (double const left : {-3.5, 0.5})
             painter->drawPolyline(
-                QPolygonF({middle + QPointF(left, -3), middle + QPointF(left + 3, 0),
-                           middle + QPointF(left, 3)}));
+                QPolygonF({QPointF(left, -3), QPointF(left + 3, 0), QPointF(left, 3)}));
         painter->restore();
     }
 };
@@ -76,7 +84,7 @@ class Look : public QProxyStyle {
                            QWidget const* widget) const override {
         auto size = QProxyStyle::sizeFromContents(type, option, contents, widget);
         if (type == CT_MenuBarItem)
-            size.setHeight(menuBarHeight);
+            size.setHeight(menuBarHeight());
         return size;
     }
 
@@ -95,9 +103,15 @@ class Look : public QProxyStyle {
                             QPainter* painter, QWidget const* widget) const override {
         auto const* const bar = qstyleoption_cast<QStyleOptionTitleBar const*>(option);
         if (control == CC_TitleBar && bar)
-            drawTitleBar(*bar, *painter, widget);
+            drawTitleBar(*bar, *painter);
         else
             QProxyStyle::drawComplexControl(control, option, painter, widget);
+        if (control == CC_ComboBox && needsFrames(option->palette))
+            paintFrame(*painter, option->rect, fieldFrameColour(*option), Corners::takenOff);
+        if (control == CC_ScrollBar && needsFrames(option->palette))
+            paintFrame(*painter,
+                       proxy()->subControlRect(control, option, SC_ScrollBarSlider, widget),
+                       option->palette.color(QPalette::Dark));
     }
 
     QRect subControlRect(ComplexControl control, QStyleOptionComplex const* option, SubControl part,
@@ -127,6 +141,8 @@ class Look : public QProxyStyle {
         default:
             QProxyStyle::drawPrimitive(element, option, painter, widget);
         }
+        if (needsFrames(option->palette))
+            drawOutline(element, *option, *painter);
     }
 
     QIcon standardIcon(StandardPixmap icon, QStyleOption const* option,
@@ -190,16 +206,33 @@ class Look : public QProxyStyle {
             painter.fillRect(option.rect, base);
     }
 
+    static void drawOutline(PrimitiveElement element, QStyleOption const& option,
+                            QPainter& painter) {
+        auto const colour = fieldFrameColour(option);
+        switch (element) {
+        case PE_PanelButtonCommand:
+        case PE_IndicatorCheckBox:
+            return paintFrame(painter, option.rect, colour, Corners::takenOff);
+        case PE_IndicatorRadioButton:
+            painter.save();
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(colour);
+            painter.setBrush(Qt::NoBrush);
+            painter.drawEllipse(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5));
+            return painter.restore();
+        default:
+            return;
+        }
+    }
+
     static QRect closeButton(QRect const& bar) { return {bar.right() - 22, bar.top() + 4, 16, 16}; }
 
-    static void drawTitleBar(QStyleOptionTitleBar const& bar, QPainter& painter,
-                             QWidget const* widget) {
+    static void drawTitleBar(QStyleOptionTitleBar const& bar, QPainter& painter) {
         painter.fillRect(bar.rect, bar.palette.color(QPalette::Mid));
         drawTopOfFrame(bar, painter);
         auto const label = bar.rect.adjusted(8, 2, -30, 0);
-        auto font = widget ? widget->font() : painter.font();
-        font.setBold(true);
-        painter.setFont(font);
+        painter.setFont(
+            fontFor({"MS Sans Serif", 9, true, false, false})); // whatever the desktop's
         painter.setPen(bar.palette.color(QPalette::WindowText));
         auto const caption =
             painter.fontMetrics().elidedText(bar.text, Qt::ElideRight, label.width());
@@ -237,79 +270,11 @@ class Look : public QProxyStyle {
     }
 };
 
-QPalette calmPalette() {
-    QPalette palette;
-    palette.setColor(QPalette::Window, face);
-    palette.setColor(QPalette::WindowText, text);
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::AlternateBase, QColor(246, 247, 249));
-    palette.setColor(QPalette::Text, text);
-    palette.setColor(QPalette::Button, face);
-    palette.setColor(QPalette::ButtonText, text);
-    palette.setColor(QPalette::BrightText, Qt::white);
-    palette.setColor(QPalette::Light, Qt::white);
-    palette.setColor(QPalette::Midlight, QColor(228, 231, 235));
-    palette.setColor(QPalette::Mid, QColor(206, 214, 224));
-    palette.setColor(QPalette::Dark, shadow);
-    palette.setColor(QPalette::Shadow, QColor(120, 126, 134));
-    palette.setColor(QPalette::Highlight, accent);
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Link, accent);
-    palette.setColor(QPalette::ToolTipBase, QColor(255, 255, 231));
-    palette.setColor(QPalette::ToolTipText, text);
-    palette.setColor(QPalette::PlaceholderText, QColor(130, 135, 142));
-    for (auto const role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(150, 154, 160));
-    palette.setColor(QPalette::Disabled, QPalette::Base, face);
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, shadow);
-    return palette;
-}
-
-/// The system's colours by their numbers. Those that are not listed are the face of buttons.
-QColor systemColour(int number) {
-    auto const palette = QApplication::palette();
-    switch (number) {
-    case 2: // active caption
-        return palette.color(QPalette::Mid);
-    case 5: // window
-        return palette.color(QPalette::Base);
-    case 6:  // window frame
-    case 21: // dark shadow
-        return palette.color(QPalette::Shadow);
-    case 7:  // menu text
-    case 8:  // window text
-    case 9:  // caption text
-    case 18: // button text
-        return palette.color(QPalette::WindowText);
-    case 12: // application workspace
-        return {171, 177, 186};
-    case 13: // highlight
-        return palette.color(QPalette::Highlight);
-    case 14: // highlighted text
-        return palette.color(QPalette::HighlightedText);
-    case 16: // button shadow
-        return palette.color(QPalette::Dark);
-    case 17: // grey text
-        return palette.color(QPalette::Disabled, QPalette::WindowText);
-    case 20: // button highlight
-        return palette.color(QPalette::Light);
-    case 22: // button light
-        return palette.color(QPalette::Midlight);
-    case 23: // tooltip text
-        return palette.color(QPalette::ToolTipText);
-    case 24: // tooltip
-        return palette.color(QPalette::ToolTipBase);
-    default:
-        return palette.color(QPalette::Button);
-    }
-}
-
 /// What is set for all widgets takes away what a theme has set for some classes of them, as menus
 /// and titles.
-void setColoursAndFonts() {
-    QApplication::setPalette(calmPalette());
-    QApplication::setFont(interfaceFont());
-    QApplication::setFont(boxFont(), "QDialog");
+void followDesktop() {
+    QApplication::setPalette(QPalette()); // gives that of the desktop
+    dress(QApplication::palette(), QFontDatabase::systemFont(QFontDatabase::GeneralFont));
 }
 
 /// A theme that comes or changes after the start brings fonts of its own for menus, titles and
@@ -319,38 +284,31 @@ class ThemeWatch : public QObject {
     explicit ThemeWatch(QObject& application) : QObject(&application) {}
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::ThemeChange && watched->isWindowType())
-            setColoursAndFonts();
+            followDesktop();
         return false;
     }
 };
 
 } // namespace
 
+int menuBarHeight() {
+    constexpr int least = 24;
+    constexpr int around = 8;
+    return std::max(least, QFontMetrics(interfaceFont()).height() + around);
+}
+
+void dress(QPalette const& colours, QFont const& font) {
+    setInterfaceFont(font);
+    QApplication::setFont(interfaceFont());
+    QApplication::setFont(boxFont(), "QDialog");
+    setWindowPalette(windowPalette(colours, QApplication::style()->standardPalette()));
+    QApplication::setPalette(paletteOf(Ground::window)); // whereupon all widgets repaint
+}
+
 void applyLook(QApplication& application) {
     QApplication::setStyle(new Look);
-    setColoursAndFonts();
+    followDesktop();
     application.installEventFilter(new ThemeWatch(application));
-}
-
-QColor toColour(platform::Colour colour) {
-    auto const bits = static_cast<std::uint32_t>(colour);
-    if (bits & 0x80000000U)
-        return systemColour(static_cast<int>(bits & 0xffU));
-    return {static_cast<int>(bits & 0xffU), static_cast<int>((bits >> 8) & 0xffU),
-            static_cast<int>((bits >> 16) & 0xffU)};
-}
-
-QPalette paletteFor(platform::Colour fore, platform::Colour back) {
-    auto palette = QApplication::palette();
-    auto const foreColour = toColour(fore);
-    auto const backColour = toColour(back);
-    for (auto const role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Active, role, foreColour);
-    for (auto const role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Inactive, role, foreColour);
-    for (auto const role : {QPalette::Window, QPalette::Base, QPalette::Button})
-        palette.setColor(role, backColour);
-    return palette;
 }
 
 } // namespace desktop

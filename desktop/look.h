@@ -1,12 +1,9 @@
-// The look that all windows share: style, palette, and the system's colours by number.
+// The look that all windows share: style, palette and fonts.
 #pragma once
 
-#include "platform/base.h"
-
-#include <QColor>
-#include <QPalette>
-
 class QApplication;
+class QFont;
+class QPalette;
 
 namespace desktop {
 
@@ -16,16 +13,14 @@ inline constexpr int frameWidth = 4;
 inline constexpr int captionHeight = 19;
 inline constexpr int menuHeight = 19;
 inline constexpr int scrollBarWidth = 16;
-/// The main window's own menu bar is roomier than the number that the program reckons with.
-inline constexpr int menuBarHeight = 24;
+/// The main window's own menu bar is roomier than the number that the program reckons with, and as
+/// high as the desktop's font needs.
+int menuBarHeight();
 
-/// Sets style, palette and font of the application.
+/// Sets style, palette and font of the application, and follows those of the desktop from then on.
 void applyLook(QApplication& application);
 
-QColor toColour(platform::Colour colour);
-
-/// The application's palette with a control's own colours: `fore` for its text, `back` for
-/// windows, fields and buttons alike.
-QPalette paletteFor(platform::Colour fore, platform::Colour back);
+/// Puts on what a desktop wears: its colours, and its font for menus, boxes and the help.
+void dress(QPalette const& colours, QFont const& font);
 
 } // namespace desktop

@@ -1,5 +1,6 @@
 #include "desktop/main_window.h"
 
+#include "desktop/colours.h"
 #include "desktop/drag.h"
 #include "desktop/keyboard.h"
 #include "desktop/look.h"
@@ -84,12 +85,13 @@ MainWindow::MainWindow(platform::Form& form, EventGate& gate)
       widgets_(form, *surface_, gate) {
     setObjectName(toQt(form.name()));
     menuBar()->setNativeMenuBar(false);
-    menuBar()->setFixedHeight(menuBarHeight);
+    menuBar()->setFixedHeight(menuBarHeight());
     setCentralWidget(surface_);
     setAcceptDrops(true);
     // A window manager that maximises tells of the size before it tells of the state: a size is the
     // normal one only when no state has followed it.
     constexpr int aMoment = 300; // milliseconds
+    connect(qApp, &QApplication::focusChanged, this, [this] { fitBars(); });
     settled_.setSingleShot(true);
     settled_.setInterval(aMoment);
     settled_.callOnTimeout(this, [this] {
@@ -100,7 +102,7 @@ MainWindow::MainWindow(platform::Form& form, EventGate& gate)
 }
 
 QSize MainWindow::innerSize(QSize outer) {
-    return outer - decoration - QSize(0, menuBarHeight);
+    return outer - decoration - QSize(0, menuBarHeight());
 }
 
 void MainWindow::takeOver(platform::Control& control) {
@@ -110,16 +112,19 @@ void MainWindow::takeOver(platform::Control& control) {
         return menus_.update(static_cast<platform::Menu&>(control));
     widgets_.takeOver(control);
     layoutIsOld_ = layoutIsOld_ || control.dock_side() != 0;
+    barsAreOld_ = barsAreOld_ || layoutIsOld_ || overflows_.contains(control.container());
 }
 
 void MainWindow::remove(platform::Control const& control) {
+    overflows_.remove(&control); // goes with the bar
+    barsAreOld_ = true;
     menus_.remove(control);
     widgets_.remove(control);
 }
 
 void MainWindow::takeOverForm() {
     setWindowTitle(toQtLine(form_->Caption.get()));
-    area_->setBackground(toColour(form_->BackColor));
+    area_->setBackground(toColour(form_->BackColor, Ground::window));
     takeOverState();
     takeOverGeometry();
     if (form_->Visible)
@@ -157,6 +162,8 @@ void MainWindow::settle() {
     widgets_.settle();
     if (layoutIsOld_)
         layOut();
+    if (barsAreOld_)
+        fitBars();
     if (form_ && isVisible() != form_->Visible)
         setVisible(form_->Visible);
 }
@@ -189,6 +196,22 @@ void MainWindow::layOut() {
         }
     }
     area_->setGeometry(room);
+}
+
+void MainWindow::fitBars() {
+    barsAreOld_ = false;
+    if (!form_)
+        return;
+    for (auto* const control : form_->children()) {
+        auto* const bar = dynamic_cast<platform::PictureBox*>(control);
+        auto* const widget = bar && bar->dock_side() != 0 ? widgets_.find(*bar) : nullptr;
+        if (!widget)
+            continue;
+        auto*& overflow = overflows_[bar];
+        if (!overflow)
+            overflow = new BarOverflow(*bar, *widget, widgets_, gate_);
+        overflow->fit();
+    }
 }
 
 QWidget* MainWindow::focusWidgetOf(platform::Control const& control) {
@@ -259,6 +282,17 @@ QRect MainWindow::seenGeometry() const {
 
 QRect MainWindow::normalBounds() const {
     return isNormal() && !isRestored_ ? seenGeometry() : normal_;
+}
+
+bool MainWindow::event(QEvent* event) {
+    bool const done = QMainWindow::event(event);
+    if (event->type() == QEvent::ApplicationPaletteChange && form_) {
+        area_->setBackground(toColour(form_->BackColor, Ground::window));
+        widgets_.takeOverPalette();
+    }
+    if (event->type() == QEvent::ApplicationFontChange)
+        menuBar()->setFixedHeight(menuBarHeight());
+    return done;
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -1,6 +1,7 @@
 // MainWindow: the main form, with its menus, its bars, and the area for child windows.
 #pragma once
 
+#include "desktop/bar_overflow.h"
 #include "desktop/form_view.h"
 #include "desktop/form_widgets.h"
 #include "desktop/menu_bar.h"
@@ -35,6 +36,7 @@ class MainWindow : public QMainWindow, public FormView {
     static QSize innerSize(QSize outer);
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
@@ -50,6 +52,8 @@ class MainWindow : public QMainWindow, public FormView {
     void takeOverState();
     void takeOverGeometry();
     void layOut();
+    /// Gives every bar that needs one its way to the buttons that do not fit.
+    void fitBars();
     /// Tells the program where the window stands and what outer size it has.
     void sendGeometry();
     void sendState();
@@ -67,7 +71,9 @@ class MainWindow : public QMainWindow, public FormView {
     QMdiArea* area_;
     FormMenus menus_;
     FormWidgets widgets_;
+    QHash<platform::Control const*, BarOverflow*> overflows_;
     bool layoutIsOld_ = true;
+    bool barsAreOld_ = true;
     QRect known_;             // what window and form have last agreed on
     QRect normal_;            // the last place and size that stood for a moment in the normal state
     bool isRestored_ = false; // a moment ago; what the window has may still be the large size

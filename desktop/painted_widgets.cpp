@@ -36,7 +36,7 @@ platform::ScrollBar* scrollBarFor(platform::Control const& control) {
 } // namespace
 
 PaintedWidget::PaintedWidget(platform::Control& control, QWidget& parent, EventGate& gate)
-    : QWidget(&parent), ControlWidget(control, gate) {
+    : QLabel(&parent), ControlWidget(control, gate) {
     auto const kind = control.control_class();
     if (kind == ControlClass::picture_box)
         setAttribute(Qt::WA_OpaquePaintEvent);
@@ -67,7 +67,7 @@ void PaintedWidget::takeOverAccessKey(QString const& caption) {
 
 bool PaintedWidget::event(QEvent* event) {
     if (event->type() != QEvent::Shortcut || !control())
-        return QWidget::event(event);
+        return QLabel::event(event);
     // The access key of a label leads to what comes behind it.
     gate().run([&] { platform::input::walk_focus(*control(), 1); });
     return true;

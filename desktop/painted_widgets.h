@@ -3,13 +3,16 @@
 
 #include "desktop/control_widget.h"
 
+#include <QLabel>
+
 #include <vector>
 
 namespace desktop {
 
 /// A label, a picture box with what stands in it, a shape or a line. Clicks and moves of the mouse
-/// go to the program as they come.
-class PaintedWidget : public QWidget, public ControlWidget {
+/// go to the program as they come. A QLabel without a text of its own: only so does Qt tell readers
+/// what a caption is the caption of.
+class PaintedWidget : public QLabel, public ControlWidget {
   public:
     PaintedWidget(platform::Control& control, QWidget& parent, EventGate& gate);
 

@@ -94,7 +94,8 @@ qint64 pixelsOf(std::string const& path) {
     return pixelsIn(reader.size());
 }
 
-void drawPicture(QPainter& painter, platform::Picture const& picture, QRectF const& place) {
+void drawPicture(QPainter& painter, platform::Picture const& picture, QRectF const& place,
+                 Ground ground) {
     if (picture.empty())
         return;
     if (auto const* const pixmap = pixmapOf(picture)) {
@@ -111,7 +112,7 @@ void drawPicture(QPainter& painter, platform::Picture const& picture, QRectF con
     int const size = room <= iconSize ? room : std::min(room, drawnSize(name));
     if (size <= 0)
         return;
-    auto const drawing = iconPixmap(name, size, painter.device()->devicePixelRatioF());
+    auto const drawing = iconPixmap(name, size, painter.device()->devicePixelRatioF(), ground);
     painter.drawPixmap(QPoint(static_cast<int>(place.left() + (place.width() - size) / 2),
                               static_cast<int>(place.top() + (place.height() - size) / 2)),
                        drawing);

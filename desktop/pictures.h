@@ -1,6 +1,7 @@
 // Picture files: reading them, and drawing what was read.
 #pragma once
 
+#include "desktop/colours.h"
 #include "platform/drawing.h"
 
 #include <QRectF>
@@ -27,8 +28,9 @@ bool isMetafile(std::string const& path);
 qint64 pixelsOf(std::string const& path);
 
 /// Draws a picture at its own size from a corner, or one of the program's own as large as fits the
-/// place, in its middle. An empty picture draws nothing.
-void drawPicture(QPainter& painter, platform::Picture const& picture, QRectF const& place);
+/// place, in its middle and fit for that ground. An empty picture draws nothing.
+void drawPicture(QPainter& painter, platform::Picture const& picture, QRectF const& place,
+                 Ground ground);
 
 /// Draws a loaded picture stretched to the place.
 void drawStretched(QPainter& painter, platform::Picture const& picture, QRectF const& place);

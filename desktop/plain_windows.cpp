@@ -1,20 +1,44 @@
 #include "desktop/plain_windows.h"
 
+#include "desktop/colours.h"
 #include "desktop/device_pixels.h"
 #include "desktop/drawing_painter.h"
 #include "desktop/keyboard.h"
 #include "desktop/look.h"
 #include "desktop/pictures.h"
 #include "desktop/text.h"
+#include "desktop/window_place.h"
 #include "platform/input.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QPainter>
+#include <QScrollArea>
+
+#include <functional>
+#include <utility>
 
 namespace desktop {
 
-PlainView::PlainView(platform::Form& form, QWidget& window, EventGate& gate)
-    : form_(&form), window_(window), gate_(gate), widgets_(form, window, gate) {
+namespace {
+
+/// What the controls of a dialog stand on, apart from the dialog so that it can be scrolled.
+class Surface : public QWidget {
+  public:
+    Surface(QWidget& parent, std::function<void()> paint)
+        : QWidget(&parent), paint_(std::move(paint)) {}
+
+  protected:
+    void paintEvent(QPaintEvent*) override { paint_(); }
+
+  private:
+    std::function<void()> paint_;
+};
+
+} // namespace
+
+PlainView::PlainView(platform::Form& form, QWidget& window, QWidget& surface, EventGate& gate)
+    : form_(&form), window_(window), surface_(surface), gate_(gate), widgets_(form, surface, gate) {
     window_.setObjectName(toQt(form.name()));
 }
 
@@ -22,8 +46,15 @@ void PlainView::takeOver(platform::Control& control) {
     if (&control != form_)
         return widgets_.takeOver(control);
     window_.setWindowTitle(toQt(form_->Caption.get()));
-    window_.setPalette(paletteFor(form_->ForeColor, form_->BackColor));
-    window_.update();
+    takeOverPalette();
+    surface_.update();
+}
+
+void PlainView::takeOverPalette() {
+    if (!form_)
+        return;
+    widgets_.takeOverPalette();
+    window_.setPalette(paletteFor(form_->ForeColor, form_->BackColor, Ground::window));
 }
 
 void PlainView::remove(platform::Control const& control) {
@@ -35,8 +66,8 @@ void PlainView::settle() {
         return;
     if (form_->Visible) {
         widgets_.showAll();
-        QSize const inside =
-            QSize(twipsToPixels(form_->Width), twipsToPixels(form_->Height)) - decoration();
+        auto const inside =
+            fit(QSize(twipsToPixels(form_->Width), twipsToPixels(form_->Height)) - decoration());
         window_.setFixedSize(inside);
         if (auto const place = placeFor(inside); !window_.isVisible() || window_.pos() != place)
             window_.move(place);
@@ -68,16 +99,16 @@ void PlainView::discard() {
 void PlainView::paintSurface() {
     if (!form_)
         return;
-    QPainter painter(&window_);
-    painter.fillRect(window_.rect(), toColour(form_->BackColor));
-    drawPicture(painter, form_->Picture, window_.rect());
+    QPainter painter(&surface_);
+    painter.fillRect(surface_.rect(), toColour(form_->BackColor, Ground::window));
+    drawPicture(painter, form_->Picture, surface_.rect(), Ground::window);
     paintDrawing(painter, form_->drawing(), *form_, toPixels(*form_, 1));
 }
 
 DialogWindow::DialogWindow(platform::Form& form, QWidget* owner, EventGate& gate)
     : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                          Qt::WindowCloseButtonHint),
-      PlainView(form, *this, gate) {
+      PlainView(form, *this, *new Surface(*this, [this] { paintSurface(); }), gate) {
     setWindowModality(Qt::WindowModal); // of the program's windows; the help can be read beside it
 }
 
@@ -89,11 +120,41 @@ QSize DialogWindow::decoration() const {
 QPoint DialogWindow::placeFor(QSize inside) const {
     if (isVisible() || !parentWidget())
         return pos(); // from then on it stands where the user has put it
-    return parentWidget()->frameGeometry().center() - QPoint(inside.width(), inside.height()) / 2;
+    auto const middle =
+        parentWidget()->frameGeometry().center() - QPoint(inside.width(), inside.height()) / 2;
+    auto const frame = frameFor(parentWidget());
+    return placeInSightOf(inside.grownBy(frame), roomFor(parentWidget()), middle, {});
 }
 
-void DialogWindow::paintEvent(QPaintEvent*) {
-    paintSurface();
+QSize DialogWindow::fit(QSize inside) {
+    auto const room = roomFor(parentWidget()).marginsRemoved(frameFor(parentWidget())).size();
+    surface().resize(inside);
+    bool const fits = inside.width() <= room.width() && inside.height() <= room.height();
+    if (fits && !scroll_)
+        return inside;
+    if (!scroll_) {
+        scroll_ = new QScrollArea(this);
+        scroll_->setFrameShape(QFrame::NoFrame);
+        scroll_->setFocusPolicy(Qt::NoFocus);
+        scroll_->setWidget(&surface());
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+            if (now && surface().isAncestorOf(now))
+                scroll_->ensureWidgetVisible(now);
+        });
+    }
+    // A bar across takes its height from what is seen, and one down the side its width.
+    QSize const bars(inside.height() > room.height() ? scrollBarWidth : 0,
+                     inside.width() > room.width() ? scrollBarWidth : 0);
+    auto const seen = (inside + bars).boundedTo(room);
+    scroll_->setGeometry(QRect(QPoint(), seen));
+    scroll_->show();
+    return seen;
+}
+
+bool DialogWindow::event(QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange)
+        takeOverPalette();
+    return QDialog::event(event);
 }
 
 void DialogWindow::closeEvent(QCloseEvent* event) {
@@ -117,7 +178,7 @@ bool DialogWindow::focusNextPrevChild(bool next) {
 TooltipWindow::TooltipWindow(platform::Form& form, QWidget* owner, EventGate& gate)
     : QWidget(owner, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus |
                          Qt::WindowTransparentForInput),
-      PlainView(form, *this, gate) {
+      PlainView(form, *this, *this, gate) {
     setAttribute(Qt::WA_ShowWithoutActivating);
 }
 

@@ -2,13 +2,15 @@
 
 #include "desktop/qt_host.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QImage>
 #include <QPixmap>
 #include <QTimer>
 #include <QWidget>
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace desktop {
 
@@ -33,14 +35,18 @@ void Screenshot::takeFrom(QtHost& host) const {
         return;
     constexpr int between = 200; // milliseconds between two looks
     constexpr int soon = 100;    // a timer of less than this still changes the window
+    QApplication::setCursorFlashTime(0);
     auto* const look = new QTimer(qApp);
-    look->callOnTimeout([look, &host, file = file_] {
+    look->callOnTimeout([look, &host, file = file_, before = QImage()]() mutable {
         auto* const window = host.mainWindow();
         if (!window || !window->isVisible() || host.timers().isAnyShorterThan(soon))
             return;
+        // On a busy machine the window may still become the active one.
+        auto const now = window->grab().toImage();
+        if (now != std::exchange(before, now))
+            return;
         look->stop();
-        bool const saved = window->grab().save(QString::fromStdString(file));
-        QCoreApplication::exit(saved ? 0 : 1);
+        QCoreApplication::exit(now.save(QString::fromStdString(file)) ? 0 : 1);
     });
     look->start(between);
 }

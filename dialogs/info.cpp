@@ -1,7 +1,7 @@
 #include "dialogs/info.h"
 
+#include "base/maker.h"
 #include "boxes/failure_report.h"
-#include "card/maker.h"
 #include "dialogs/modal.h"
 #include "forms/info_form.h"
 #include "model/session.h"

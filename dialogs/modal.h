@@ -10,6 +10,12 @@
 
 namespace kehystin {
 
+/// What a box has just refused is mended here: the text has the keyboard and is selected whole.
+inline void lead_back_to(platform::TextBox& text) {
+    text.SetFocus();
+    text.select_all();
+}
+
 /// Makes the form of a dialog, lets `load` wire and fill it, and shows it until it is closed.
 template <class DialogForm>
 void show_dialog(std::unique_ptr<DialogForm>& form, std::function<void()> const& load) {

@@ -51,6 +51,7 @@ void cmdOK_Click() {
         }
     } catch (RuntimeError const& error) {
         standard_report(" Kenttämääritysten tallentaminen aiheutti virheen     ", error);
+        lead_to_misfit();
         return;
     }
     fSpeciField->Close();

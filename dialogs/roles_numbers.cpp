@@ -1,12 +1,16 @@
 #include "dialogs/roles_numbers.h"
 
+#include "dialogs/modal.h"
 #include "forms/speci_form.h"
 #include "model/card.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <functional>
 #include <initializer_list>
+#include <limits>
 
 namespace kehystin {
 
@@ -41,6 +45,16 @@ void PaivitaMalli() {
     fSpeciField->labMalli.Caption = text;
 }
 
+/// Before the box that a failure raises comes up, its number has the keyboard.
+void leading_to(TextBox& text, std::function<void()> const& step) {
+    try {
+        step();
+    } catch (RuntimeError const&) {
+        lead_back_to(text);
+        throw;
+    }
+}
+
 /// Leading zeros, whatever else is on.
 void switch_digits(bool on) {
     auto& form = *fSpeciField;
@@ -73,7 +87,7 @@ void chkGeneroi_Click() {
 void chkEtunollat_Click() {
     auto const& box = fSpeciField->chkEtunollat;
     switch_digits(box.Enabled && box.Value == 1);
-    PaivitaMalli();
+    leading_to(fSpeciField->txtAsiakasNum, PaivitaMalli);
 }
 
 void txtAsiakasMin_Change() {
@@ -101,18 +115,33 @@ double keep_positive(double number) {
     return std::max(number, 1.0);
 }
 
-/// A number that arrows count up and down, and what it keeps to.
+bool is_single(double number) {
+    return std::abs(number) <= std::numeric_limits<float>::max();
+}
+
+bool is_integer(double number) {
+    using Limits = std::numeric_limits<std::int16_t>;
+    double const whole = round_to_even(number);
+    return whole >= Limits::min() && whole <= Limits::max();
+}
+
+bool is_size(double number) {
+    return is_integer(std::abs(number));
+}
+
+/// A number that arrows count up and down, what it keeps to, and whether a card can hold it.
 struct Spin {
     ScrollBar SpeciForm::*control;
     TextBox SpeciForm::*text;
     double (*kept)(double);
+    bool (*fits)(double);
 };
 
 constexpr std::array spins = {
-    Spin{&SpeciForm::scrAsiakasMin, &SpeciForm::txtAsiakasMin, keep_lowest},
-    Spin{&SpeciForm::scrAsiakasMax, &SpeciForm::txtAsiakasMax, keep_highest},
-    Spin{&SpeciForm::scrAsiakasStep, &SpeciForm::txtAsiakasStep, keep_positive},
-    Spin{&SpeciForm::scrAsiakasNum, &SpeciForm::txtAsiakasNum, keep_positive},
+    Spin{&SpeciForm::scrAsiakasMin, &SpeciForm::txtAsiakasMin, keep_lowest, is_single},
+    Spin{&SpeciForm::scrAsiakasMax, &SpeciForm::txtAsiakasMax, keep_highest, is_single},
+    Spin{&SpeciForm::scrAsiakasStep, &SpeciForm::txtAsiakasStep, keep_positive, is_integer},
+    Spin{&SpeciForm::scrAsiakasNum, &SpeciForm::txtAsiakasNum, keep_positive, is_size},
 };
 
 /// Only the direction of a move counts; down is less.
@@ -123,7 +152,7 @@ void spin_Change(std::size_t which) {
     int const place = ((*fSpeciField).*spin.control).Value;
     double const step = place > last ? -1 : 1;
     last = place;
-    text.Text = Format(spin.kept(whole_number_in(text) + step));
+    leading_to(text, [&] { text.Text = Format(spin.kept(whole_number_in(text) + step)); });
 }
 
 } // namespace
@@ -133,7 +162,7 @@ void wire_number_settings() {
     form.chkGeneroi.Click = chkGeneroi_Click;
     form.chkEtunollat.Click = chkEtunollat_Click;
     form.txtAsiakasMin.Change = txtAsiakasMin_Change;
-    form.txtAsiakasNum.Change = PaivitaMalli;
+    form.txtAsiakasNum.Change = [&form] { leading_to(form.txtAsiakasNum, PaivitaMalli); };
     for (std::size_t i = 0; i < spins.size(); ++i) {
         auto& text = form.*spins.at(i).text;
         text.GotFocus = [&text] { text.select_all(); };
@@ -200,6 +229,26 @@ void store_number_settings() {
     card.asiakasStep = step;
     card.asiakasZero = form.chkEtunollat.Value != 0;
     card.asiakasNum = number_of_digits;
+}
+
+void lead_to_misfit() {
+    auto& form = *fSpeciField;
+    auto const misfit = std::find_if(spins.begin(), spins.end(), [&](Spin const& spin) {
+        return !spin.fits(number_in(form.*spin.text));
+    });
+    if (misfit == spins.end())
+        return;
+    form.tree.ListIndex = 0;
+    auto& text = form.*misfit->text;
+    // A number that is switched off is reached by what switches it on.
+    auto* const zeros = &text == &form.txtAsiakasNum ? &form.chkEtunollat : nullptr;
+    for (Control* const one :
+         std::initializer_list<Control*>{&text, zeros, &form.chkGeneroi, &form.cmbAsiakas})
+        if (one && one->can_take_focus()) {
+            one->SetFocus();
+            break;
+        }
+    text.select_all();
 }
 
 } // namespace kehystin

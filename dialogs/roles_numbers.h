@@ -19,5 +19,7 @@ void load_sample();
 /// Writes the settings to the card. Raises overflow before anything is written when one of the
 /// numbers does not fit.
 void store_number_settings();
+/// Gives the keyboard to the first number that does not fit, if any, or to what switches it on.
+void lead_to_misfit();
 
 } // namespace kehystin

@@ -8,6 +8,7 @@
 #include "model/session.h"
 #include "model/settings.h"
 #include "platform/host.h"
+#include "platform/system.h"
 
 #include <algorithm>
 #include <optional>
@@ -21,6 +22,18 @@ namespace {
 /// at the surface still needs the records that it was built from.
 std::optional<WizardCard> finished;
 
+/// What goes out of sight with its page leaves the keyboard to nobody: it goes to the next page,
+/// where Enter still leads on.
+void leave_keyboard_to(int page) {
+    auto& form = *fVelho;
+    if (System::current().focused())
+        return;
+    if (page == 3)
+        (form.optPosTop.Value ? form.optPosTop : form.optPosLeft).SetFocus();
+    else if (page == 4)
+        form.cmdSeuraava.SetFocus();
+}
+
 void show_page(int number) {
     constexpr std::array<std::string_view, VelhoForm::pages> lines_of_pages = {
         "1 / 4  Valitse tekstikenttien lukumäärä", "2 / 4  Anna tekstikentille otsikot",
@@ -29,6 +42,7 @@ void show_page(int number) {
     for (int i = 1; i <= VelhoForm::pages; ++i)
         fVelho->picVaihe(i).Visible = i == number;
     fVelho->vaihe = number;
+    leave_keyboard_to(number);
 }
 
 // Page 1.
@@ -70,6 +84,7 @@ bool take_count() {
     if (!fits) {
         MsgBox(lines({" Tekstikenttien määrän tulee olla välillä 1-40. ", ""}), box::information,
                " Tiedoksi");
+        lead_back_to(fVelho->txtMaara);
         return false;
     }
     fVelho->maara = Integer(number);
@@ -168,20 +183,29 @@ WizardChoices choices() {
     return made;
 }
 
+/// Forty fields fit in the largest font: what makes a card too large is a long title.
+void lead_to_longest_title(WizardChoices const& made) {
+    show_page(2);
+    fVelho->cmdSeuraava.Caption = "Seuraava >";
+    lead_back_to(fVelho->txtOtsikko(longest_title(made)));
+}
+
 /// A card wider or higher than a card can be would come back from its file with another size.
-bool has_room(Card const& record) {
+bool has_room(WizardChoices const& made, Card const& record) {
     if (record.width <= limits::largest_card && record.height <= limits::largest_card)
         return true;
     MsgBox(lines({" Kortista tulisi liian suuri.     ", "",
                   " Lyhennä otsikoita tai valitse pienempi fontti.     "}),
            box::information, " Tiedoksi");
+    lead_to_longest_title(made);
     return false;
 }
 
 void finish() {
     try {
-        auto built = build_wizard_card(choices());
-        if (!has_room(built.card))
+        auto const made = choices();
+        auto built = build_wizard_card(made);
+        if (!has_room(made, built.card))
             return;
         finished = std::move(built);
     } catch (RuntimeError const& error) {

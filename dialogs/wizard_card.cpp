@@ -155,6 +155,16 @@ Integer GetOtsWidth(std::span<std::string const> titles, Font const& font) {
     return widest;
 }
 
+int longest_title(WizardChoices const& choices) {
+    auto const& titles = choices.titles;
+    auto const& font = choices.title_look.font;
+    auto const widest = std::max_element(titles.begin(), titles.end(),
+                                         [&](std::string const& a, std::string const& b) {
+                                             return width_of(font, a) < width_of(font, b);
+                                         });
+    return static_cast<int>(widest - titles.begin()) + 1;
+}
+
 WizardCard build_wizard_card(WizardChoices const& choices) {
     auto const count = static_cast<int>(choices.titles.size());
     auto const sizes = measure(choices);

@@ -37,6 +37,9 @@ struct WizardCard {
 /// Width in pixels of the widest of the titles.
 Integer GetOtsWidth(std::span<std::string const> titles, Font const& font);
 
+/// The number of the widest title, from 1.
+int longest_title(WizardChoices const& choices);
+
 /// Builds a title and a text field for each of the titles, one linked to the other, in one to three
 /// columns, and a card that they fit on. What the wizard does not ask for is as on the open card,
 /// which stays as it is. Raises overflow for places that no record can hold.

@@ -1,7 +1,7 @@
 #include "draw/picture.h"
 
+#include "desktop/colours.h"
 #include "desktop/form_painter.h"
-#include "desktop/look.h"
 #include "draw/svg_device.h"
 
 #include <QImageWriter>
@@ -59,7 +59,8 @@ bool Picture::write(platform::Form const& form, QSize size, QIODevice& to) const
 bool Picture::writePng(platform::Form const& form, QSize size, QIODevice& to) const {
     QImage image(pixels(size), QImage::Format_RGB32);
     image.setDevicePixelRatio(scale);
-    image.fill(desktop::toColour(form.BackColor)); // also the part of a pixel at the far edges
+    // Also the part of a pixel at the far edges.
+    image.fill(desktop::toColour(form.BackColor, desktop::Ground::card));
     QPainter painter(&image);
     desktop::paintForm(painter, form, QRect(QPoint(), size));
     painter.end();
@@ -90,7 +91,7 @@ bool Picture::writePdf(platform::Form const& form, QSize size, QIODevice& to) co
                                  QPageSize::Point, QString(), QPageSize::ExactMatch));
     device.setPageMargins(QMarginsF());
     QPainter painter(&device);
-    painter.fillRect(painter.window(), desktop::toColour(form.BackColor));
+    painter.fillRect(painter.window(), desktop::toColour(form.BackColor, desktop::Ground::card));
     painter.scale(vectorDetail * scale, vectorDetail * scale);
     painter.setClipRect(QRect(QPoint(), size));
     desktop::paintForm(painter, form, QRect(QPoint(), size));

@@ -105,7 +105,7 @@ Status draw_card(Wanted& wanted, DrawingHost& host, QIODevice& to) {
         return failed;
     Surroundings around;
     around.today = host.now();
-    around.folder = base::folder_part(wanted.name);
+    around.folder = kehystin::base::folder_part(wanted.name);
     auto reading = read_card(from.readAll().toStdString(), {}, around);
     if (reading.end != Reading::End::read)
         return failed;

@@ -24,7 +24,7 @@ ColsForm::ColsForm() : Form("fCols", FormKind::dialog) {
     cmd_down.Move(buttons_left, margin + button_height + gap, button_width, button_height);
     cmd_ok.Caption = "OK";
     cmd_ok.Default = true;
-    cmd_cancel.Caption = "Peruuta";
+    cmd_cancel.Caption = "&Peruuta";
     cmd_cancel.Cancel = true;
     place_buttons({&cmd_ok, &cmd_cancel}, nullptr, inner_width, inner_height);
 }

@@ -112,6 +112,7 @@ void build_row(EditorForm& form, PanelRow const& row) {
     editor.BackColor = colours::white;
     editor.MaxLength = longest_text;
     editor.Visible = false;
+    caption.caption_of = &editor;
     editor.opener = row.button ? &(form.*row.button) : nullptr;
     editor.stepper = row.scroll ? &(form.*row.scroll) : nullptr;
     if (row.scroll) {
@@ -125,6 +126,7 @@ void build_row(EditorForm& form, PanelRow const& row) {
     if (row.swatch) {
         auto& swatch = form.*row.swatch;
         swatch.Move(value_left + 105, 0, 900, row_height - 60);
+        swatch.is_sample = true;
         swatch.Visible = false;
     }
     if (row.list) {

@@ -34,6 +34,7 @@ void place_column(Label& label, ListBox& list, TextBox& text, double left, doubl
     list.BackColor = colours::white;
     text.Move(left, text_top, width, box);
     text.BackColor = colours::white;
+    label.caption_of = &list;
     list.set_spoken_name(label.Caption.get());
     text.set_spoken_name(label.Caption.get());
 }
@@ -61,6 +62,10 @@ FontForm::FontForm() : Form("fFont", FormKind::dialog) {
     ots.Caption = "AaBbYyZz";
     ots.Alignment = static_cast<int>(Alignment::centre);
     cmd_bc.Caption = "T&austan väri...";
+    for (TextControl* const shown :
+         {static_cast<TextControl*>(&ots), static_cast<TextControl*>(&BC),
+          static_cast<TextControl*>(&FC)})
+        shown->is_sample = true;
     place_swatch(cmd_bc, BC, sample_top);
     cmd_fc.Caption = "T&ekstin väri...";
     place_swatch(cmd_fc, FC, sample_top + sample_height - button_height);

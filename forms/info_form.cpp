@@ -1,6 +1,6 @@
 #include "forms/info_form.h"
 
-#include "card/maker.h"
+#include "base/maker.h"
 #include "forms/dialog_layout.h"
 
 namespace kehystin {
@@ -33,6 +33,7 @@ void place_address(Label& caption, Label& address, double top, std::string_view 
     address.ForeColor = link;
     address.FontUnderline = true;
     address.is_link = true;
+    caption.caption_of = &address;
 }
 
 } // namespace

@@ -32,6 +32,7 @@ void place_density(Label& label, TextBox& text, ScrollBar& spin, double top, int
     spin.Move(text_left + text_width + 30, top, spin_width, box);
     for (Control* const part : {static_cast<Control*>(&text), static_cast<Control*>(&spin)})
         part->set_spoken_name(label.Caption.get());
+    label.caption_of = &text;
     spin.Min = -largest_density;
     spin.Max = -lowest;
     spin.Value = -lowest;
@@ -66,9 +67,9 @@ PropForm::PropForm() : Form("fProp", FormKind::dialog) {
     }
     cmd_ok.Caption = "OK";
     cmd_ok.Default = true;
-    cmd_cancel.Caption = "Peruuta";
+    cmd_cancel.Caption = "&Peruuta";
     cmd_cancel.Cancel = true;
-    cmd_help.Caption = "Ohje";
+    cmd_help.Caption = "&Ohje";
     place_buttons({&cmd_ok, &cmd_cancel}, &cmd_help, inner_width, inner_height);
 }
 

@@ -50,6 +50,7 @@ double place_rows(SpeciForm& form, Frame& panel, double top, std::initializer_li
         row.combo.Move(box_left, top, box_width, box);
         row.combo.BackColor = colours::white;
         row.combo.set_spoken_name(row.label);
+        label.caption_of = &row.combo;
         top += row_step;
     }
     return top + margin - gap;
@@ -85,8 +86,10 @@ void build_number_settings(SpeciForm& form, double top) {
     place_label(form.labArvoalue, "Arvoalue");
     place_number(form.txtAsiakasMin, form.scrAsiakasMin, number_left, row_top, "Arvoalueen alku");
     place_number(form.txtAsiakasMax, form.scrAsiakasMax, second_left, row_top, "Arvoalueen loppu");
+    form.labArvoalue.caption_of = &form.txtAsiakasMin;
     row_top += row_step;
     place_label(form.labAskel, "Askel");
+    form.labAskel.caption_of = &form.txtAsiakasStep;
     place_number(form.txtAsiakasStep, form.scrAsiakasStep, number_left, row_top,
                  form.labAskel.Caption.get());
     form.chkValiarvot.Caption = "Salli väliarvot";
@@ -219,7 +222,7 @@ void build_buttons(SpeciForm& form) {
     form.cmdOK.Default = true;
     form.cmdPeruuta.Caption = "Peruuta";
     form.cmdPeruuta.Cancel = true;
-    form.cmdOhje.Caption = "Ohje";
+    form.cmdOhje.Caption = "&Ohje";
     place_buttons({&form.cmdOK, &form.cmdPeruuta}, &form.cmdOhje, inner_width, inner_height);
     for (auto* const button : {&form.cmdOK, &form.cmdPeruuta, &form.cmdOhje})
         button->TabIndex =
@@ -244,6 +247,7 @@ SpeciForm::SpeciForm() : Form("fSpeciField", FormKind::dialog) {
     tree.Move(margin, panel_top - gap, frame_left - margin - gap, frame_bottom - panel_top + gap);
     tree.BackColor = colours::white;
     tree.set_spoken_name(Label40.Caption.get());
+    Label40.caption_of = &tree;
     frmAsetus.Caption = " Valittu asetus ";
     frmAsetus.Move(frame_left, frame_top, panel_width + 2 * gap, frame_bottom - frame_top);
     for (auto* const panel : panels()) {

@@ -47,6 +47,7 @@ void build_count_page(VelhoForm& form) {
     form.Label5.Move(0, top + 60, label_width, box - 60);
     form.txtMaara.Text = "8";
     form.txtMaara.set_spoken_name(form.Label5.Caption.get());
+    form.Label5.caption_of = &form.txtMaara;
     form.txtMaara.BackColor = colours::white;
     form.txtMaara.Move(label_width + gap, top, 720, box);
 }
@@ -117,6 +118,7 @@ void place_sample(Label& caption, PicturePanel& box_of_sample, Label& sample, La
     box_of_sample.BackColor = colours::white;
     box_of_sample.Move(0, top, sample_width, sample_height);
     sample.Caption = "AbBbÄäÖö";
+    sample.is_sample = true;
     sample.Alignment = static_cast<int>(Alignment::centre);
     description.Move(right_left, top, right_width, sample_height - button_height - 30);
     button.Caption = "Muokkaa...";
@@ -168,8 +170,10 @@ VelhoForm::~VelhoForm() {
 
 void VelhoForm::load_row(int number) {
     double const top = number * title_row - title_row + first_title_row;
-    labOtsikko.Load(number).Top = top;
+    auto& label = labOtsikko.Load(number);
     auto& text = txtOtsikko.Load(number);
+    label.Top = top;
+    label.caption_of = &text;
     text.Top = top;
     text.TabIndex = int{scrOtsikko.TabIndex};
 }

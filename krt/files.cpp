@@ -1,18 +1,16 @@
 #include "krt/files.h"
 
 #include "base/text.h"
+#include "disk/disk.h"
 #include "krt/findings.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <fcntl.h>
 #include <filesystem>
 #include <memory>
 #include <new>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace krt {
 
@@ -70,14 +68,17 @@ std::string fault_of(int error) {
         return "nimi on liian pitkä";
     case EIO:
         return "laite ei toimi";
+    case EINVAL:
+        return "nimi ei kelpaa";
+    case EBUSY:
+        return "on toisen ohjelman käytössä";
     default:
         return "järjestelmän virhe " + std::to_string(error);
     }
 }
 
 bool is_file(std::string const& path) {
-    std::error_code ignored;
-    return fs::is_regular_file(path, ignored);
+    return disk::kind_of(path) == disk::Kind::file;
 }
 
 } // namespace
@@ -90,8 +91,7 @@ std::string SampleFont::kept(std::string const& name) {
 
 kehystin::Date today() {
     auto const now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-    std::tm local{};
-    localtime_r(&now, &local);
+    auto const local = disk::local_time(now);
     return base::to_date({local.tm_year + 1900, local.tm_mon + 1, local.tm_mday});
 }
 
@@ -116,22 +116,21 @@ std::string shown_name(std::string const& file) {
 }
 
 void complain(std::string const& file, std::string_view what) {
-    std::fprintf(stderr, "krt: %s: %.*s\n", shown_name(file).c_str(), static_cast<int>(what.size()),
-                 what.data());
+    std::fprintf(stderr, "krt: %s: %s\n", shown_name(file).c_str(), plain(what).c_str());
 }
 
 std::optional<std::string> read_bytes(std::string const& file) {
     std::error_code ignored;
-    if (file != "-" && fs::is_directory(file, ignored)) {
+    if (file != "-" && disk::kind_of(file) == disk::Kind::folder) {
         complain(file, "on hakemisto");
         return std::nullopt;
     }
-    auto const size = file == "-" ? 0 : fs::file_size(file, ignored);
+    auto const size = file == "-" ? 0 : fs::file_size(disk::path_of(file), ignored);
     if (!ignored && size > largest_input) {
         complain(file, "on liian suuri, enintään 64 Mt luetaan");
         return std::nullopt;
     }
-    OpenFile const from(file == "-" ? stdin : std::fopen(file.c_str(), "rb"));
+    OpenFile const from(file == "-" ? stdin : disk::open_stream(file, disk::Open::to_read));
     auto bytes = from ? read_all(from.get(), ignored ? 0 : size) : std::nullopt;
     if (!bytes)
         complain(file, "ei voi lukea: " + fault_of(errno));
@@ -185,7 +184,7 @@ int output_error = 0;
 void note_output(bool done) {
     if (!done && output_error == 0)
         output_error = errno;
-    if (output_error == EPIPE)
+    if (disk::reader_is_gone(fileno(stdout), output_error))
         throw NobodyReads();
 }
 
@@ -214,121 +213,83 @@ int write_all(std::FILE* to, std::string_view bytes) {
     return done ? 0 : errno;
 }
 
-/// A file of its own name beside another, empty; nothing and errno where there can be none.
-std::optional<std::string> new_file_beside(fs::path const& file) {
-    auto pattern = (file.parent_path() / ".krt.XXXXXX").string();
-    int const descriptor = mkstemp(pattern.data());
-    if (descriptor < 0)
-        return std::nullopt;
-    ::close(descriptor);
-    return pattern;
-}
-
-/// A new file has the rights and the owner that the old one had, or those that any new file gets.
-void keep_rights(fs::path const& old, fs::path const& now, std::error_code& failed) {
-    struct stat known {};
-    auto const mask = umask(0);
-    umask(mask);
-    mode_t mode = 0666 & ~mask;
-    if (stat(old.c_str(), &known) == 0) {
-        mode = known.st_mode & 0777;
-        // A group that the user may not give has no more rights than the others.
-        if (chown(now.c_str(), known.st_uid, known.st_gid) != 0 &&
-            chown(now.c_str(), static_cast<uid_t>(-1), known.st_gid) != 0)
-            mode &= ~static_cast<mode_t>(S_IRWXG) | ((mode & S_IRWXO) << 3);
-    }
-    fs::permissions(now, fs::perms(mode), failed);
-}
-
 /// A copy under a name of its own first: an older one stays until the new one is whole.
-void keep_backup(fs::path const& file, fs::path const& backup, std::error_code& failed) {
-    auto const copy = new_file_beside(file);
-    if (!copy) {
-        failed = std::error_code(errno, std::generic_category());
-        return;
-    }
-    fs::copy_file(file, *copy, fs::copy_options::overwrite_existing, failed);
-    if (!failed)
-        keep_rights(file, *copy, failed);
-    if (!failed)
-        fs::rename(*copy, backup, failed);
-    std::error_code ignored;
-    if (failed)
-        fs::remove(*copy, ignored);
+int keep_backup(std::string const& file, std::string const& backup) {
+    auto const copy = disk::new_file_beside(file);
+    if (!copy)
+        return errno;
+    bool const done = disk::copy_bytes(file, *copy) && disk::keep_rights(file, *copy) &&
+                      disk::rename(*copy, backup);
+    int const error = done ? 0 : errno;
+    if (!done)
+        disk::remove(*copy);
+    return error;
 }
 
 /// Where a name leads behind its links, also when nothing is there yet.
-fs::path behind_links(fs::path file) {
+std::string behind_links(std::string const& name) {
     constexpr int most_links = 40; // as the system has it
+    auto file = disk::path_of(name);
     std::error_code none;
     for (int i = 0; i < most_links && fs::is_symlink(file, none); ++i)
         file = file.parent_path() / fs::read_symlink(file, none);
-    return file;
+    return disk::text_of(file);
 }
 
 struct Failure {
     int error = 0; ///< 0 for none
-    fs::path file = {};
+    std::string file = {};
 };
 
 /// A new file beside it takes its place when it is whole.
-Failure replace_file(fs::path const& file, std::string_view bytes, bool backup) {
-    std::error_code failed;
-    auto const old = fs::symlink_status(file, failed);
+Failure replace_file(std::string const& file, std::string_view bytes, bool backup) {
+    std::error_code ignored;
+    auto const old = fs::symlink_status(disk::path_of(file), ignored);
     // Nothing but a file gives way to one.
     if (fs::exists(old) && !fs::is_regular_file(old))
         return {fs::is_symlink(old) ? ELOOP : EEXIST, file};
-    if (fs::exists(old) && access(file.c_str(), W_OK) != 0)
+    if (fs::exists(old) && !disk::may_be_written(file))
         return {errno, file};
-    auto const unfinished = new_file_beside(file);
+    auto const unfinished = disk::new_file_beside(file);
     if (!unfinished)
         return {errno, file};
-    OpenFile to(std::fopen(unfinished->c_str(), "wb"));
+    OpenFile to(disk::open_stream(*unfinished, disk::Open::emptied));
     Failure failure{write_all(to.get(), bytes), file};
-    if (failure.error == 0 && fsync(fileno(to.get())) != 0)
+    if (failure.error == 0 && disk::flush(fileno(to.get())) != 0)
         failure.error = errno;
     to.reset();
-    if (failure.error == 0) {
-        keep_rights(file, *unfinished, failed);
-        if (!failed && backup && fs::exists(old)) {
-            auto const kept = file.string() + "~";
-            keep_backup(file, kept, failed);
-            if (failed)
-                failure.file = kept;
-        }
-        if (!failed)
-            fs::rename(*unfinished, file, failed);
-        failure.error = failed.value();
+    if (failure.error == 0 && !disk::keep_rights(file, *unfinished))
+        failure.error = errno;
+    if (failure.error == 0 && backup && fs::exists(old)) {
+        auto const kept = file + "~";
+        failure.error = keep_backup(file, kept);
+        if (failure.error != 0)
+            failure.file = kept;
     }
+    if (failure.error == 0 && !disk::rename(*unfinished, file))
+        failure.error = errno;
     if (failure.error != 0)
-        fs::remove(*unfinished, failed);
+        disk::remove(*unfinished);
     return failure;
-}
-
-/// Whether a name leads to what a descriptor has open.
-bool is_open_as(int descriptor, std::string const& file) {
-    struct stat open {};
-    struct stat named {};
-    return fstat(descriptor, &open) == 0 && stat(file.c_str(), &named) == 0 &&
-           open.st_dev == named.st_dev && open.st_ino == named.st_ino;
 }
 
 /// What is no file of its own name, a device or a pipe, cannot be replaced.
 Failure write_into(std::string const& file, std::string_view bytes) {
-    int const descriptor = open(file.c_str(), O_WRONLY | O_CLOEXEC);
-    OpenFile const to(descriptor < 0 ? nullptr : fdopen(descriptor, "wb"));
+    OpenFile const to(disk::open_stream(file, disk::Open::to_write));
     return {write_all(to.get(), bytes), file};
 }
 
 Failure write_to(std::string const& file, std::string_view bytes, bool backup) {
+    using disk::Kind;
     std::error_code none;
-    auto const known = fs::status(file, none);
-    if (fs::is_directory(known))
+    auto const known = disk::kind_of(file);
+    if (known == Kind::folder)
         return {EISDIR, file};
     auto const target = behind_links(file);
     // A name in /proc may lead to a file that has no name any more.
-    bool const is_file = fs::is_regular_file(known) && fs::equivalent(target, file, none);
-    if (fs::exists(known) && !is_file)
+    bool const is_file =
+        known == Kind::file && fs::equivalent(disk::path_of(target), disk::path_of(file), none);
+    if ((known == Kind::file || known == Kind::special) && !is_file)
         return write_into(file, bytes);
     return replace_file(target, bytes, backup);
 }
@@ -338,19 +299,20 @@ Failure write_to(std::string const& file, std::string_view bytes, bool backup) {
 bool spares_source(std::string const& source, std::string const& target) {
     std::error_code none;
     bool const same =
-        target != "-" && fs::is_regular_file(target, none) &&
-        (source == "-" ? is_open_as(STDIN_FILENO, target) : fs::equivalent(source, target, none));
+        target != "-" && is_file(target) &&
+        (source == "-" ? disk::is_open_as(fileno(stdin), target)
+                       : fs::equivalent(disk::path_of(source), disk::path_of(target), none));
     if (same)
         complain(target, "on tiedosto, josta luetaan: sen päälle ei kirjoiteta");
     return !same;
 }
 
 bool write_whole(std::string const& file, std::string_view bytes, bool backup) {
-    if (file == "-" || (!backup && is_open_as(STDOUT_FILENO, file)))
+    if (file == "-" || (!backup && disk::is_open_as(fileno(stdout), file)))
         return print(bytes);
     auto const failure = write_to(file, bytes, backup);
     if (failure.error != 0)
-        complain(failure.file == behind_links(file) ? file : failure.file.string(),
+        complain(failure.file == behind_links(file) ? file : failure.file,
                  "ei voi kirjoittaa: " + fault_of(failure.error));
     return failure.error == 0;
 }

@@ -11,6 +11,8 @@
 
 namespace krt {
 
+namespace base = kehystin::base;
+
 /// Files up to this size are read, as by the editor.
 inline constexpr std::size_t largest_input = 64U * 1024 * 1024;
 

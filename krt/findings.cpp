@@ -21,14 +21,18 @@ std::string quoted(std::string const& value) {
 std::string plain(std::string_view text) {
     std::string line;
     auto const joined = base::in_one_line(text);
-    for (std::size_t i = 0; i < joined.size(); ++i) {
-        auto const byte = static_cast<unsigned char>(joined[i]);
-        // The second half of the code page's controls has two bytes, and terminals obey it too.
-        auto const next = i + 1 < joined.size() ? static_cast<unsigned char>(joined[i + 1]) : 0;
-        if (byte == 0xC2 && next >= 0x80 && next < 0xA0)
-            ++i;
-        else if (byte >= ' ' && byte != 0x7F)
-            line += joined[i];
+    for (std::string_view rest = joined; !rest.empty();) {
+        auto const letter = base::Left(rest, 1);
+        rest.remove_prefix(letter.size());
+        auto const first = static_cast<unsigned char>(letter.front());
+        auto const last = static_cast<unsigned char>(letter.back());
+        // Terminals also obey the second half of the code page's controls, which has two bytes,
+        // and some of them obey its bytes where they stand alone and are no text.
+        bool const control = first < ' ' || first == 0x7F || (first == 0xC2 && last < 0xA0);
+        if (letter.size() == 1 && first >= 0x80)
+            line += "\uFFFD";
+        else if (!control)
+            line += letter;
     }
     return line;
 }

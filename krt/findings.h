@@ -10,7 +10,10 @@
 
 namespace krt {
 
-/// A text of a card as it can stand in a line: without what would break or colour it.
+namespace base = kehystin::base;
+
+/// A text of a card, or the name of a file, as it can stand in a line: without what would break or
+/// colour it, and with a sign for each byte that is no text.
 std::string plain(std::string_view text);
 /// The same between quotes, and short.
 std::string quoted(std::string const& value);

@@ -1,6 +1,5 @@
 #include "krt/commands.h"
 #include "krt/files.h"
-#include "krt/findings.h"
 #include "krt/page.h"
 #include "krt/shown.h"
 
@@ -14,7 +13,7 @@ Status form(std::string const& file, std::string const& target) {
         return Status::failed;
     auto const page = page_of(
         {shown->card, shown->linking, base::folder_part(file), [&](std::string const& what) {
-             complain(file, plain(what));
+             complain(file, what);
              shown->status = Status::findings;
          }});
     bool const done = target.empty() ? print(page) : write_whole(target, page);

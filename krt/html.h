@@ -8,6 +8,8 @@
 
 namespace krt {
 
+namespace base = kehystin::base;
+
 /// A text between tags, or in an attribute with quotes around it. Control characters are blanks,
 /// but for line breaks.
 std::string html_text(std::string_view utf8);

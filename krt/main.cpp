@@ -1,13 +1,14 @@
 // krt: cards without a window.
+#include "disk/disk.h"
 #include "krt/commands.h"
 #include "krt/files.h"
+#include "krt/streams.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <functional>
 #include <iostream>
-#include <malloc.h>
 #include <new>
 
 namespace {
@@ -47,17 +48,17 @@ void add_json(CLI::App& command, Wanted& wanted) {
 }
 
 /// The words of the command line from the last to the first, as the library wants them. It takes a
-/// file "[a,b]" for two, and "--" only where no file stands before it: a NUL in front, which no
-/// word can have of its own, makes a name of whatever follows.
+/// file "[a,b]" for two, "++" for the end of a command, and "--" only where no file stands before
+/// it: a NUL in front, which no word can have of its own, makes a name of whatever follows.
 std::vector<std::string> words_of(int argc, char* argv[]) {
     std::vector<std::string> words;
     bool names_alone = false;
-    for (int i = 1; i < argc; ++i) {
-        std::string const word = argv[i];
+    for (auto const& word : disk::words_of(argc, argv)) {
         if (word == "--" && !names_alone)
             names_alone = true;
         else
-            words.push_back((names_alone || word.starts_with('[') ? '\0' + word : word));
+            words.push_back(names_alone || word.starts_with('[') || word == "++" ? '\0' + word
+                                                                                 : word);
     }
     std::reverse(words.begin(), words.end());
     return words;
@@ -213,9 +214,7 @@ void add_commands(CLI::App& program, Wanted& wanted) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    // What a large file took goes back when it is done with. By itself the library keeps more from
-    // file to file.
-    mallopt(M_MMAP_THRESHOLD, 1024 * 1024);
+    krt::begin_process();
     CLI::App program("krt tutkii, korjaa ja muuntaa korttimalleja ilman ikkunaa.", "krt");
     speak_finnish(program);
     program.set_version_flag("--version", "krt " KRT_VERSION, "näyttää version");

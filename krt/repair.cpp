@@ -3,19 +3,18 @@
 #include "krt/findings.h"
 
 #include "card/writing.h"
+#include "disk/disk.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <set>
+#include <string>
 
 namespace krt {
 
 namespace {
 
 Status repair_file(std::string const& file, RepairTarget const& target) {
-    std::error_code unknown;
-    if (target.in_place && (file == "-" || (std::filesystem::exists(file, unknown) &&
-                                            !std::filesystem::is_regular_file(file, unknown)))) {
+    if (target.in_place && (file == "-" || disk::is_special(file))) {
         complain(file, "ei ole tavallinen tiedosto");
         return Status::failed;
     }
@@ -48,12 +47,11 @@ Status repair_file(std::string const& file, RepairTarget const& target) {
 } // namespace
 
 Status repair(Files const& files, RepairTarget const& target) {
-    std::set<std::filesystem::path> done;
+    std::set<std::string> done;
     return each(files, [&](std::string const& file) {
         // Repaired in place a second time, a file's backup would be its repaired self.
-        std::error_code unknown;
-        auto const known = std::filesystem::canonical(file, unknown);
-        bool const again = target.in_place && !unknown && !done.insert(known).second;
+        bool const again =
+            target.in_place && disk::is_there(file) && !done.insert(disk::one_name_of(file)).second;
         return again ? Status::quiet : repair_file(file, target);
     });
 }

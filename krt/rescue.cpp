@@ -2,8 +2,10 @@
 #include "krt/files.h"
 #include "krt/findings.h"
 
+#include "disk/disk.h"
 #include "rescue/store.h"
 
+#include <cerrno>
 #include <filesystem>
 
 namespace krt {
@@ -25,8 +27,8 @@ char const* name_of(rescue::What kind) {
 /// A folder that is not there is one where nothing has been kept yet.
 bool is_readable(std::string const& folder) {
     std::error_code fault;
-    std::filesystem::directory_iterator const first(folder, fault);
-    return !fault || fault == std::errc::no_such_file_or_directory;
+    std::filesystem::directory_iterator const first(disk::path_of(folder), fault);
+    return !fault || (disk::kind_of(folder) == disk::Kind::missing && errno == ENOENT);
 }
 
 Status list(rescue::Store const& store) {

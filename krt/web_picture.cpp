@@ -1,5 +1,7 @@
 #include "krt/web_picture.h"
 
+#include "disk/disk.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -82,16 +84,16 @@ std::optional<Head> head_of(Numbers const& file) {
 
 WebPicture read_web_picture(std::string const& path, std::uintmax_t most_bytes) {
     std::error_code none;
-    if (path.find('\0') != std::string::npos || !fs::is_regular_file(path, none))
+    if (path.find('\0') != std::string::npos || disk::kind_of(path) != disk::Kind::file)
         return {};
     WebPicture picture;
-    auto const size = fs::file_size(path, none);
+    auto const size = fs::file_size(disk::path_of(path), none);
     if (none || size > most_bytes) {
         picture.fault = "Kuva on liian suuri sivulle";
         return picture;
     }
     picture.bytes.resize(size);
-    std::ifstream from(path, std::ios::binary);
+    std::ifstream from(disk::path_of(path), std::ios::binary);
     if (!from.read(picture.bytes.data(), static_cast<std::streamsize>(size))) {
         picture.fault = "Kuvaa ei voi lukea";
         return picture;

@@ -13,6 +13,7 @@ namespace {
 
 using E = EditorForm;
 using enum IconClick;
+using enum IconKind;
 
 // clang-format off
 constexpr std::array table = {
@@ -24,12 +25,12 @@ constexpr std::array table = {
     Icon{6, nullptr, "img_print_setup", {}, IconClick::none, GreyState::none},
     Icon{7, &E::cmd_card_center, "img_card_center", " Keskitä kortti "},
     Icon{8, &E::cmd_card_size, "img_card_size", " Skaalaa kortti "},
-    Icon{9, &E::cmd_fldBar, "img_fldbar", " Kentät "},
-    Icon{10, &E::cmd_proBar, "img_probar", " Ominaisuudet "},
-    Icon{icon_links, &E::cmd_linkBar, "img_linkbar", " Linkit "},
-    Icon{12, &E::cmd_grid_show, "img_grid", " Ruudukko "},
-    Icon{13, &E::cmd_guide_show, "img_guide", " Apuviivat "},
-    Icon{14, &E::cmd_lock, "img_lock"},
+    Icon{9, &E::cmd_fldBar, "img_fldbar", " Kentät ", runs_entry, GreyState::follows_entry, toggle},
+    Icon{10, &E::cmd_proBar, "img_probar", " Ominaisuudet ", runs_entry, GreyState::follows_entry, toggle},
+    Icon{icon_links, &E::cmd_linkBar, "img_linkbar", " Linkit ", runs_entry, GreyState::follows_entry, toggle},
+    Icon{12, &E::cmd_grid_show, "img_grid", " Ruudukko ", runs_entry, GreyState::follows_entry, toggle},
+    Icon{13, &E::cmd_guide_show, "img_guide", " Apuviivat ", runs_entry, GreyState::follows_entry, toggle},
+    Icon{14, &E::cmd_lock, "img_lock", {}, runs_entry, GreyState::follows_entry, toggle},
     Icon{15, &E::cmd_field_del, "img_field_del", " Poista kenttä "},
     Icon{16, &E::cmd_a_left, "img_a_left", " Keskitä vasemmalle "},
     Icon{17, &E::cmd_a_right, "img_a_right", " Keskitä oikealle "},
@@ -78,6 +79,15 @@ void draw_icon(Button& button, Icon const& icon) {
     button.Picture = Picture::named(std::string(icon.picture) + (enabled ? "" : "0"));
 }
 
+/// The icon is on as its entry is, from now on.
+void show_state(Button& button, Menu& entry) {
+    button.Toggles = true;
+    button.Checked = entry.Checked.get();
+    entry.Toggled = [&entry, place = button.index()] {
+        fEditor->ico(place).Checked = entry.Checked.get();
+    };
+}
+
 void add_separator(double& x) {
     fEditor->icoBar.DrawLine(x + 90, 90, x + 90, 480, system_colour(16));
     fEditor->icoBar.DrawLine(x + 105, 90, x + 105, 480, system_colour(20));
@@ -92,6 +102,8 @@ void add_icon(Icon const& icon, double& x) {
     button.Tag = std::to_string(icon.number);
     button.set_spoken_name(spoken_name_of(icon));
     draw_icon(button, icon);
+    if (icon.kind == toggle)
+        show_state(button, (*fEditor).*icon.entry);
     button.Visible = true;
 }
 
@@ -109,6 +121,9 @@ void SetDefaultIcons() {
 
 void set_ico() {
     fEditor->icoBar.Height = 555;
+    for (auto const& icon : table)
+        if (icon.kind == toggle)
+            ((*fEditor).*icon.entry).Toggled = Event();
     for (int i = 1; i <= session.iconCount; ++i)
         fEditor->ico.Unload(i);
     fEditor->icoBar.Cls();

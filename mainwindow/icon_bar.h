@@ -10,6 +10,8 @@ namespace kehystin {
 
 enum class IconClick { none, runs_entry };
 enum class GreyState { none, follows_entry };
+/// Whether the icon's command switches something on and off.
+enum class IconKind { command, toggle };
 
 struct Icon {
     int number;
@@ -18,6 +20,7 @@ struct Icon {
     std::string_view tip = {}; ///< empty: the icon has none
     IconClick click = IconClick::runs_entry;
     GreyState grey = GreyState::follows_entry;
+    IconKind kind = IconKind::command;
 };
 
 /// All icons that have a picture, in ascending number.

@@ -12,6 +12,7 @@
 
 namespace platform {
 
+namespace base = kehystin::base;
 using namespace base;
 
 } // namespace platform

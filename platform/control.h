@@ -166,6 +166,8 @@ class TextControl : public Control {
     Property<bool> FontUnderline{*this};
     Property<Colour> ForeColor{*this, colours::black};
     Property<Colour> BackColor{*this, system_colour(15)};
+    /// Its colours are those of a card, shown for themselves: no desktop changes them.
+    bool is_sample = false;
 
     Font font() const { return {FontName, FontSize, FontBold, FontItalic, FontUnderline}; }
     void set_font(Font const& font);

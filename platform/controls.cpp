@@ -128,7 +128,8 @@ constexpr auto button_table =
     joined(control_rows, text_rows,
            own(entry<&Button::Caption>("Caption"), entry<&Button::Picture>("Picture"),
                entry<&Button::Default>("Default"), entry<&Button::Cancel>("Cancel"),
-               entry<&Button::DragMode>("DragMode"), entry<&Button::DragWidth>("DragWidth"),
+               entry<&Button::DragMode>("DragMode"), entry<&Button::Toggles>("Toggles"),
+               entry<&Button::Checked>("Checked"), entry<&Button::DragWidth>("DragWidth"),
                entry<&Button::DragHeight>("DragHeight")));
 constexpr auto scroll_bar_table = joined(
     control_rows, own(entry<&ScrollBar::Value>("Value"), entry<&ScrollBar::Min>("Min"),
@@ -423,6 +424,12 @@ void PictureBox::copy_look(Control const& prototype) {
 void Button::copy_look(Control const& prototype) {
     TextControl::copy_look(prototype);
     DragMode = static_cast<Button const&>(prototype).DragMode;
+}
+
+void Menu::property_changed(PropertyBase const& property) {
+    Control::property_changed(property);
+    if (&property == &Checked)
+        Toggled(index());
 }
 
 void ScrollBar::property_changed(PropertyBase const& property) {

@@ -22,6 +22,9 @@ class Label : public TextControl {
     Property<int> BorderStyle{*this, 0};
     /// A click leads somewhere, and so does Enter on the label.
     bool is_link = false;
+    /// What the label is the caption of, for those who do not see that the two stand side by side;
+    /// null for none. It goes after the label.
+    Control* caption_of = nullptr;
 
     ControlClass control_class() const override { return ControlClass::label; }
     bool takes_focus() const override { return is_link; }
@@ -267,6 +270,10 @@ class Button : public TextControl {
     Property<bool> Cancel{*this, false};
     /// The user can drag the button onto a form.
     Property<bool> DragMode{*this, false};
+    /// The button switches something on and off, and Checked says whether it is on. A click leaves
+    /// that to the program.
+    Property<bool> Toggles{*this, false};
+    Property<bool> Checked{*this, false};
     /// The size of what a drag will leave on the form, in pixels, for the outline that follows the
     /// pointer; 0 where it is not known.
     Property<double> DragWidth{*this};
@@ -365,12 +372,17 @@ class Menu : public Control {
     /// Whether '&' in the caption marks an access key; otherwise it stands for itself.
     Property<bool> UseMnemonic{*this, true};
     Property<bool> Checked{*this, false};
+    /// Checked has become another.
+    Event Toggled;
     /// "Ctrl+S" or "F6"; empty without one.
     Property<std::string> Shortcut{*this};
 
     ControlClass control_class() const override { return ControlClass::menu; }
     std::span<PropertyEntry const> properties() const override;
     bool has_tab_index() const override { return false; }
+
+  protected:
+    void property_changed(PropertyBase const& property) override;
 };
 
 class StatusBar : public TextControl {

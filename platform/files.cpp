@@ -1,28 +1,24 @@
 #include "platform/files.h"
 
+#include "disk/disk.h"
 #include "platform/base.h"
 #include "platform/host.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace platform {
 
 namespace {
 
 [[noreturn]] void raise_system_error(int error) {
+    if (disk::is_full(error))
+        throw RuntimeError(ErrorNumber::disk_full);
     switch (error) {
     case ENOENT:
         throw RuntimeError(ErrorNumber::file_not_found);
     case ENOTDIR:
         throw RuntimeError(ErrorNumber::path_not_found);
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-        throw RuntimeError(ErrorNumber::disk_full);
     case ENAMETOOLONG:
     case EINVAL:
         throw RuntimeError(ErrorNumber::bad_file_name);
@@ -39,12 +35,12 @@ void require_usable_name(std::string const& path) {
 }
 
 /// Counts as one operation, and opens. A missing folder is path_not_found when writing.
-int open_file(std::string const& path, int flags) {
+int open_file(std::string const& path, disk::Open how) {
     host().before_file_operation();
     require_usable_name(path);
-    int const descriptor = ::open(path.c_str(), flags | O_CLOEXEC, 0666);
+    int const descriptor = disk::open(path, how);
     if (descriptor < 0) {
-        if (errno == ENOENT && (flags & O_CREAT) != 0)
+        if (errno == ENOENT && how != disk::Open::to_read)
             throw RuntimeError(ErrorNumber::path_not_found);
         raise_system_error(errno);
     }
@@ -57,7 +53,7 @@ class Descriptor {
     explicit Descriptor(int number) : number_(number) {}
     ~Descriptor() {
         if (number_ >= 0)
-            ::close(number_);
+            disk::close(number_);
     }
     Descriptor(Descriptor const&) = delete;
     Descriptor& operator=(Descriptor const&) = delete;
@@ -67,7 +63,7 @@ class Descriptor {
         host().before_file_operation();
         int const number = number_;
         number_ = -1;
-        if (::close(number) != 0)
+        if (disk::close(number) != 0)
             raise_system_error(errno);
     }
 
@@ -78,11 +74,9 @@ class Descriptor {
 std::size_t read_some(int descriptor, char* to, std::size_t size) {
     std::size_t done = 0;
     while (done < size) {
-        auto const got = ::read(descriptor, to + done, size - done);
+        auto const got = disk::read(descriptor, to + done, size - done);
         if (got == 0)
             break;
-        if (got < 0 && errno == EINTR)
-            continue;
         if (got < 0)
             raise_system_error(errno == EISDIR ? EACCES : errno);
         done += static_cast<std::size_t>(got);
@@ -92,9 +86,7 @@ std::size_t read_some(int descriptor, char* to, std::size_t size) {
 
 void write_all(int descriptor, char const* from, std::size_t size) {
     while (size > 0) {
-        auto const put = ::write(descriptor, from, size);
-        if (put < 0 && errno == EINTR)
-            continue;
+        auto const put = disk::write(descriptor, from, size);
         if (put < 0)
             raise_system_error(errno);
         from += put;
@@ -106,15 +98,14 @@ void write_all(int descriptor, char const* from, std::size_t size) {
 
 bool file_exists(std::string const& path) {
     require_usable_name(path);
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) {
-        if (errno == ENAMETOOLONG)
+    auto const kind = disk::kind_of(path);
+    if (kind == disk::Kind::missing || kind == disk::Kind::unknown) {
+        if (errno == ENAMETOOLONG || errno == EINVAL)
             throw RuntimeError(ErrorNumber::bad_file_name);
         if (errno == ENOTDIR)
             throw RuntimeError(ErrorNumber::path_not_found);
-        return false;
     }
-    return S_ISREG(status.st_mode);
+    return kind == disk::Kind::file;
 }
 
 bool names_a_file(std::string const& path) {
@@ -126,7 +117,7 @@ bool names_a_file(std::string const& path) {
 }
 
 InputFile::InputFile(std::string const& path) {
-    Descriptor const file(open_file(path, O_RDONLY));
+    Descriptor const file(open_file(path, disk::Open::to_read));
     host().before_file_operation();
     // Read to the end instead of trusting the size: a pipe or a device has none, and one byte more
     // than allowed tells that the file is too large.
@@ -157,11 +148,11 @@ void InputFile::close() {
 }
 
 OutputFile::OutputFile(std::string const& path)
-    : descriptor_(open_file(path, O_WRONLY | O_CREAT | O_TRUNC)) {}
+    : descriptor_(open_file(path, disk::Open::emptied)) {}
 
 OutputFile::~OutputFile() {
     if (descriptor_ >= 0)
-        ::close(descriptor_);
+        disk::close(descriptor_);
 }
 
 void OutputFile::write(std::string_view bytes) {
@@ -176,7 +167,7 @@ void OutputFile::close() {
 }
 
 void read_record(std::string const& path, std::size_t size, std::vector<std::byte>& record) {
-    Descriptor file(open_file(path, O_RDONLY));
+    Descriptor file(open_file(path, disk::Open::to_read));
     host().before_file_operation();
     std::vector<std::byte> read(size);
     read.resize(read_some(file.number(), reinterpret_cast<char*>(read.data()), size));
@@ -185,7 +176,7 @@ void read_record(std::string const& path, std::size_t size, std::vector<std::byt
 }
 
 void write_record(std::string const& path, std::vector<std::byte> const& record) {
-    Descriptor file(open_file(path, O_WRONLY | O_CREAT));
+    Descriptor file(open_file(path, disk::Open::kept));
     host().before_file_operation();
     write_all(file.number(), reinterpret_cast<char const*>(record.data()), record.size());
     file.close();

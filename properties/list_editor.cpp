@@ -94,7 +94,7 @@ void cmd_list_add_Click() {
         items().AddItem(item, place);
         items().ListIndex = place;
         if (!UpdateCombo(Overlong::warn))
-            return;
+            return items().SetFocus(); // at the item that is too much
         if (MsgBox(lines({"", " Lisätäänkö uusi arvo?     "}), box::question + box::yes_no,
                    title) != Answer::yes)
             return;
@@ -109,7 +109,8 @@ void cmd_list_change_Click() {
     if (item.empty())
         return;
     items().set_List(chosen, item);
-    UpdateCombo(Overlong::warn);
+    if (!UpdateCombo(Overlong::warn))
+        items().SetFocus();
 }
 
 void cmd_list_del_Click() {

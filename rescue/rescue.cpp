@@ -76,6 +76,14 @@ class Head {
     std::string_view rest_;
 };
 
+constexpr std::int64_t milliseconds_of_a_day = 24LL * 60 * 60 * 1000;
+
+/// Of a clock, and not of whoever has made the file by hand.
+bool is_of_the_calendar(std::int64_t time) {
+    constexpr std::int64_t days_to_year_10000 = 2'958'466;
+    return time >= 0 && time < days_to_year_10000 * milliseconds_of_a_day;
+}
+
 std::string hexadecimal(std::uint64_t number) {
     char text[17];
     std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(number));
@@ -119,7 +127,7 @@ std::optional<Rescue> from_file(std::string_view bytes) {
     auto const file_sum = head.number<std::uint64_t>("file-sum", 16);
     auto const size = head.number<std::size_t>("size");
     if (!kind || !path || !time || !step || !new_id || !file_sum || !size ||
-        head.rest().size() != *size)
+        head.rest().size() != *size || !is_of_the_calendar(*time))
         return std::nullopt;
     Rescue rescue{
         What::work, *path, *time, *step, *new_id != 0, *file_sum, std::string(head.rest())};
@@ -131,14 +139,12 @@ std::optional<Rescue> from_file(std::string_view bytes) {
     return std::nullopt;
 }
 
-constexpr double milliseconds_of_a_day = 24.0 * 60 * 60 * 1000;
-
 std::int64_t time_of(base::Date date) {
     return std::llround(date * milliseconds_of_a_day);
 }
 
 std::string time_text(std::int64_t time) {
-    auto const at = base::from_date(static_cast<double>(time) / milliseconds_of_a_day);
+    auto const at = base::from_date(static_cast<double>(time) / double{milliseconds_of_a_day});
     char text[64];
     std::snprintf(text, sizeof text, "%d.%d.%d klo %d.%02d", at.day, at.month, at.year, at.hour,
                   at.minute);

@@ -10,6 +10,8 @@
 
 namespace rescue {
 
+namespace base = kehystin::base;
+
 enum class What {
     work,   ///< the open card, with changes that were not saved
     before, ///< what a card's file held when a save began to write it

@@ -2,25 +2,20 @@
 
 #include "base/errors.h"
 #include "base/text.h"
-#include "rescue/disk.h"
+#include "disk/disk.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <ctime>
-#include <fcntl.h>
 #include <filesystem>
 #include <limits>
 #include <map>
 #include <random>
 #include <stdexcept>
-#include <sys/file.h>
-#include <sys/stat.h>
 #include <tuple>
-#include <unistd.h>
+#include <utility>
 
 namespace rescue {
 
@@ -31,19 +26,13 @@ namespace {
 constexpr std::string_view lock_ending = ".lock";
 constexpr std::string_view unfinished_ending = ".tmp";
 constexpr std::string_view declined_ending = ".later";
-constexpr int for_the_user_alone = 0600;
 
 [[noreturn]] void raise_system_error() {
     using base::ErrorNumber;
-    switch (errno) {
-    case ENOSPC:
-    case EDQUOT:
+    int const error = errno;
+    if (disk::is_full(error))
         throw base::RuntimeError(ErrorNumber::disk_full);
-    case EIO:
-        throw base::RuntimeError(ErrorNumber::disk_io);
-    default:
-        throw base::RuntimeError(ErrorNumber::path_file_access);
-    }
+    throw base::RuntimeError(error == EIO ? ErrorNumber::disk_io : ErrorNumber::path_file_access);
 }
 
 void require(bool done) {
@@ -90,18 +79,17 @@ bool is_remains(std::string_view name) {
 
 void make_folder(std::string const& folder) {
     std::vector<fs::path> made;
-    for (fs::path one = fs::path(folder).parent_path(); !one.empty() && !is_there(one.string());
+    auto const path = disk::path_of(folder);
+    for (fs::path one = path.parent_path(); !one.empty() && !disk::is_there(disk::text_of(one));
          one = one.parent_path())
         made.push_back(one);
     std::error_code failed;
-    fs::create_directories(folder, failed);
+    fs::create_directories(path, failed);
     for (auto const& one : made) // a folder of which the disk does not know holds nothing
-        flush_folder(one.parent_path().string());
-    struct stat status {};
-    if (::stat(folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
+        disk::flush_folder(disk::text_of(one.parent_path()));
+    if (disk::kind_of(folder) != disk::Kind::folder)
         throw base::RuntimeError(base::ErrorNumber::path_file_access);
-    if (status.st_uid == ::getuid() && (status.st_mode & 0777) != 0700)
-        ::chmod(folder.c_str(), 0700);
+    disk::keep_for_the_user_alone(folder);
 }
 
 /// A file in writing: gone again unless it is kept.
@@ -109,14 +97,14 @@ class Unfinished {
   public:
     Unfinished(Store const& store, std::string path) : store_(store), path_(std::move(path)) {
         store_.before_operation();
-        descriptor_ = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+        descriptor_ = disk::open(path_, disk::Open::own_emptied);
         require(descriptor_ >= 0);
     }
     ~Unfinished() {
         if (descriptor_ >= 0)
-            ::close(descriptor_);
+            disk::close(descriptor_);
         if (!path_.empty())
-            ::unlink(path_.c_str());
+            disk::remove(path_);
     }
     Unfinished(Unfinished const&) = delete;
     Unfinished& operator=(Unfinished const&) = delete;
@@ -124,23 +112,21 @@ class Unfinished {
     void write(std::string_view bytes) {
         store_.before_operation();
         while (!bytes.empty()) {
-            auto const put = ::write(descriptor_, bytes.data(), bytes.size());
-            if (put < 0 && errno == EINTR)
-                continue;
+            auto const put = disk::write(descriptor_, bytes.data(), bytes.size());
             require(put >= 0);
             bytes.remove_prefix(static_cast<std::size_t>(put));
         }
     }
     void flush_and_close() {
         store_.before_operation();
-        require(::fsync(descriptor_) == 0);
+        require(disk::flush(descriptor_) == 0);
         int const number = descriptor_;
         descriptor_ = -1;
-        require(::close(number) == 0);
+        require(disk::close(number) == 0);
     }
     void keep_as(std::string const& name) {
         store_.before_operation();
-        require(::rename(path_.c_str(), name.c_str()) == 0);
+        require(disk::rename(path_, name));
         path_.clear();
     }
 
@@ -153,14 +139,7 @@ class Unfinished {
 } // namespace
 
 std::string usual_folder() {
-    auto const value_of = [](char const* name) {
-        auto const* const value = std::getenv(name);
-        return std::string(value && *value == '/' ? value : "");
-    };
-    auto folder = value_of("XDG_STATE_HOME");
-    if (folder.empty() && !value_of("HOME").empty())
-        folder = base::with_separator(value_of("HOME")) + ".local/state";
-    return folder.empty() ? folder : base::with_separator(folder) + "kehystin/";
+    return disk::state_folder();
 }
 
 Store::Store(std::string folder, std::function<void()> before_operation)
@@ -178,28 +157,28 @@ void Store::put(std::string const& name, std::string_view bytes) const {
     file.write(bytes);
     file.flush_and_close();
     file.keep_as(folder_ + name);
-    if (!flush_to_disk(folder_ + name))
+    if (!disk::flush_to_disk(folder_ + name))
         raise_system_error();
 }
 
 void Store::remove(std::string const& name) const {
     if (keeps())
-        ::unlink((folder_ + name).c_str());
+        disk::remove(folder_ + name);
 }
 
 void Store::rename(std::string const& name, std::string const& other) const {
-    if (keeps() && ::rename((folder_ + name).c_str(), (folder_ + other).c_str()) == 0)
-        flush_folder(folder_);
+    if (keeps() && disk::rename(folder_ + name, folder_ + other))
+        disk::flush_folder(folder_);
 }
 
 std::optional<std::string> Store::bytes_of(std::string const& name) const {
-    return bytes_on_disk(folder_ + name);
+    return disk::bytes_on_disk(folder_ + name);
 }
 
 std::vector<std::string> Store::names() const {
     if (!keeps())
         return {};
-    auto names = names_in(folder_);
+    auto names = disk::names_in(folder_);
     std::erase_if(names, is_remains);
     std::sort(names.begin(), names.end());
     return names;
@@ -212,40 +191,54 @@ RunningSession::RunningSession(Store const& store) : store_(store) {
             return std::random_device()();
         } catch (
             std::runtime_error const&) { // a machine that has run out of it: the time tells too
-            return static_cast<unsigned>(::getpid());
+            return static_cast<unsigned>(disk::process_number());
         }
     };
     for (;;) {
-        auto const now = std::time(nullptr);
-        std::tm local{};
-        localtime_r(&now, &local);
+        auto const local = disk::local_time(std::time(nullptr));
         char name[48];
         std::snprintf(name, sizeof name, "%04d%02d%02d-%02d%02d%02d-%08x", local.tm_year + 1900,
                       local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec,
                       static_cast<unsigned>(random()));
         auto const path = store.folder() + name + std::string(lock_ending);
         store.before_operation();
-        descriptor_ =
-            ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, for_the_user_alone);
+        descriptor_ = disk::open(path, disk::Open::own_new);
         if (descriptor_ < 0 && errno == EEXIST)
             continue;
         require(descriptor_ >= 0);
         name_ = name;
         lock_ = path;
-        ::flock(descriptor_, LOCK_EX | LOCK_NB); // nobody else knows the name yet
+        disk::lock(descriptor_); // nobody else knows the name yet
         return;
     }
 }
 
 RunningSession::~RunningSession() {
-    ::unlink(lock_.c_str());
-    ::close(descriptor_);
+    disk::remove(lock_);
+    disk::close(descriptor_);
+}
+
+bool RunningSession::is_locked() const {
+    return disk::is_open_as(descriptor_, lock_);
+}
+
+void RunningSession::lock_again() {
+    if (is_locked())
+        return;
+    make_folder(store_.folder());
+    store_.before_operation();
+    int const made = disk::open(lock_, disk::Open::own_kept);
+    require(made >= 0);
+    // Who looks at this moment whether the session runs holds it: tried again later.
+    bool const held = !disk::lock(made) && errno == EWOULDBLOCK;
+    disk::close(held ? made : std::exchange(descriptor_, made));
+    if (held)
+        throw base::RuntimeError(base::ErrorNumber::path_file_access);
 }
 
 void RunningSession::note_file(std::string const& file) const {
-    auto const name = file.empty() ? file : one_name_of(file);
-    if (::ftruncate(descriptor_, 0) == 0)
-        static_cast<void>(::pwrite(descriptor_, name.data(), name.size(), 0) == 0);
+    auto const name = file.empty() ? file : disk::one_name_of(file);
+    disk::rewrite(descriptor_, name);
 }
 
 std::string name_of_work(std::string_view session) {
@@ -276,18 +269,18 @@ std::string session_of(std::string_view name) {
 
 bool is_running(Store const& store, std::string const& session) {
     auto const path = store.folder() + session + std::string(lock_ending);
-    int const descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    int const descriptor = disk::open(path, disk::Open::to_read);
     if (descriptor < 0)
         return errno != ENOENT;
-    bool const held = ::flock(descriptor, LOCK_SH | LOCK_NB) != 0;
-    ::close(descriptor);
+    bool const held = disk::is_locked(descriptor);
+    disk::close(descriptor);
     return held;
 }
 
 bool is_open_elsewhere(Store const& store, std::string const& own_session,
                        std::string const& file) {
-    auto const wanted = one_name_of(file);
-    auto const names = names_in(store.folder());
+    auto const wanted = disk::one_name_of(file);
+    auto const names = disk::names_in(store.folder());
     return std::any_of(names.begin(), names.end(), [&](std::string const& name) {
         auto const session = session_of(name);
         return name.ends_with(lock_ending) && session != own_session &&
@@ -306,7 +299,7 @@ bool is_open_card(std::string_view name) {
 /// does.
 bool is_needless(Found const& found, std::vector<Found> const& all) {
     auto const& rescue = found.rescue;
-    auto const held = bytes_on_disk(rescue.file);
+    auto const held = disk::bytes_on_disk(rescue.file);
     if (held == rescue.bytes)
         return true;
     return std::any_of(all.begin(), all.end(), [&](Found const& other) {
@@ -357,10 +350,11 @@ void sort(std::vector<Found>& rescues) {
 
 void remove_remains(Store const& store) {
     constexpr std::time_t settled = 60; // seconds
-    for (auto const& name : names_in(store.folder())) {
-        struct stat status {};
-        if (is_remains(name) && ::stat((store.folder() + name).c_str(), &status) == 0 &&
-            std::time(nullptr) - status.st_mtime > settled && !is_running(store, session_of(name)))
+    for (auto const& name : disk::names_in(store.folder())) {
+        auto const changed =
+            is_remains(name) ? disk::changed_at(store.folder() + name) : std::nullopt;
+        if (changed && std::time(nullptr) - *changed > settled &&
+            !is_running(store, session_of(name)))
             store.remove(name);
     }
 }

@@ -10,7 +10,7 @@
 namespace rescue {
 
 /// Where the programs of this user keep their files: `$XDG_STATE_HOME/kehystin/`, by default in
-/// `~/.local/state`. Empty for a user without a home.
+/// `~/.local/state`; on Windows `%APPDATA%\kehystin\rescue\`. Empty for a user without a home.
 std::string usual_folder();
 
 /// A folder that is made when the first file is put into it. Without a path it keeps nothing.
@@ -52,6 +52,10 @@ class RunningSession {
     RunningSession& operator=(RunningSession const&) = delete;
 
     std::string const& name() const { return name_; }
+    /// False where the lock has gone, as with the folder: others take the session for a dead one.
+    bool is_locked() const;
+    /// Makes it again where it has gone. Raises base::RuntimeError.
+    void lock_again();
     /// Says which card file this session has open. Failing is no fault.
     void note_file(std::string const& file) const;
 

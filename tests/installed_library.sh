@@ -30,6 +30,7 @@ c++ $flags "$sources/examples/use_library.cpp" -o "$place/by_pkg_config" \
 
 # Each header stands by itself, and the rest of the interface serves in a shared library too.
 sed 's/^ *//' > "$place/rest.cpp" << END
+  struct base {}; // outside its own namespace every name is the user's
   $(cd "$place/prefix/include/kehystin" && find . -name '*.h' -printf '#include "%P"\n')
   bool rest_of_interface(kehystin::CardData& card) {
     auto const before = card;

@@ -2,14 +2,13 @@
 // other two are processes of their own of the same file.
 #include "desktop/application.h"
 #include "desktop/help_reader.h"
+#include "disk/disk.h"
 #include "draw/run.h"
 #include "windows/registration.h"
 
-#include <windows.h>
-
 #include <fcntl.h>
 #include <io.h>
-#include <shellapi.h>
+#include <stdio.h>
 
 #include <string>
 #include <string_view>
@@ -17,28 +16,8 @@
 
 namespace {
 
-std::string utf8(wchar_t const* text) {
-    auto const size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
-    std::string bytes(size > 0 ? static_cast<std::size_t>(size) : 1, '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text, -1, bytes.data(), size, nullptr, nullptr);
-    bytes.pop_back();
-    return bytes;
-}
-
-/// The command line as it was given, which the narrow one is not outside the code page.
-std::vector<std::string> givenWords() {
-    int count = 0;
-    auto* const words = CommandLineToArgvW(GetCommandLineW(), &count);
-    std::vector<std::string> given;
-    for (int i = 0; i < count; ++i)
-        given.push_back(utf8(words[i]));
-    LocalFree(words);
-    return given;
-}
-
-/// krt's painter: its own words begin behind the option.
+/// krt's painter, whose own words begin behind the option.
 int draw(std::vector<std::string>& words) {
-    words.erase(words.begin());
     std::vector<char*> arguments;
     for (auto& word : words)
         arguments.push_back(word.data());
@@ -51,10 +30,10 @@ int draw(std::vector<std::string>& words) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    auto words = givenWords();
-    std::string_view const first = words.size() > 1 ? std::string_view(words[1]) : "";
-    if (first == desktop::help_reader::option && words.size() == 3)
-        return desktop::help_reader::run(words[2].c_str());
+    auto words = disk::words_of(argc, argv);
+    std::string_view const first = words.empty() ? std::string_view() : words.front();
+    if (first == desktop::help_reader::option && words.size() == 2)
+        return desktop::help_reader::run(words[1].c_str());
     if (first == "--draw")
         return draw(words);
     if (first == "--register")

@@ -16,7 +16,9 @@ TEST_F(Panel, EveryButtonOfTheFieldBarDropsItsKind) {
         auto const style = kind.style;
         auto const* const button =
             (fEditor.get()->*fEditor->drag_buttons[kind_index(style)]).name().c_str();
-        EXPECT_FALSE(desktop::iconPixmap(button, desktop::iconSize, 1).isNull()) << button;
+        EXPECT_FALSE(
+            desktop::iconPixmap(button, desktop::iconSize, 1, desktop::Ground::card).isNull())
+            << button;
         auto const drag_of_it = drag_from_bar(button);
         ASSERT_TRUE(drop(*drag_of_it->mimeData(), *canvas(), free)) << button;
         int const added = card.fields;

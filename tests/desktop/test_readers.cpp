@@ -23,6 +23,15 @@ QString name_of(QObject& what) {
     return found ? found->text(QAccessible::Name) : QString();
 }
 
+/// What a reader is told to be the caption of something.
+QStringList captions_of(QObject& what) {
+    QStringList names;
+    for (auto const& [caption, kind] :
+         QAccessible::queryAccessibleInterface(&what)->relations(QAccessible::Label))
+        names += caption->text(QAccessible::Name);
+    return names;
+}
+
 /// What takes the focus in a window and has no name, as " class object;".
 QString nameless(QWidget& window) {
     QString found;
@@ -111,6 +120,8 @@ TEST_F(Readers, EveryPartOfTheMainWindowHasAName) {
             QCoreApplication::processEvents();
             EXPECT_ALL_NAMED(*window()) << kind.prefix << " " << row.caption;
             expect_caption((*fEditor).*row.editor);
+            EXPECT_EQ(captions_of(widget(((*fEditor).*row.editor).name().c_str())),
+                      QStringList(caption));
             if (row.scroll)
                 expect_caption((*fEditor).*row.scroll);
             if (row.button)
@@ -121,11 +132,45 @@ TEST_F(Readers, EveryPartOfTheMainWindowHasAName) {
     }
 }
 
+TEST_F(Readers, AnIconThatSwitchesSaysWhetherItIsOn) {
+    start(QStringLiteral("examples/asiakkaat.krt"));
+    auto const state_of = [&](char const* name) {
+        for (int i = 1; i <= session.iconCount; ++i)
+            if (auto& icon = widget(fEditor->ico(i).full_name().c_str());
+                name_of(icon) == QString::fromUtf8(name))
+                return QAccessible::queryAccessibleInterface(&icon)->state();
+        ADD_FAILURE() << name;
+        return QAccessible::State();
+    };
+    EXPECT_FALSE(state_of("Tallenna nimellä...").checkable);
+    struct Toggle {
+        char const* icon;
+        char const* entry;
+    };
+    for (auto const& [icon, entry] :
+         {Toggle{"Ruudukko", "Näytä Ruudukko"}, Toggle{"Apuviivat", "Näytä Apuviivat"},
+          Toggle{"Kentät", "Kentät"}, Toggle{"Ominaisuudet", "Ominaisuudet"},
+          Toggle{"Linkit", "Linkit"}, Toggle{"Lukitse kentät", "Lukitse kentät"}}) {
+        EXPECT_TRUE(state_of(icon).checkable) << icon;
+        bool const before = state_of(icon).checked;
+        action(QString::fromUtf8(entry))->trigger();
+        EXPECT_EQ(state_of(icon).checked, !before) << icon;
+        action(QString::fromUtf8(entry))->trigger();
+        EXPECT_EQ(state_of(icon).checked, before) << icon;
+    }
+    EXPECT_TRUE(state_of("Ruudukko").checked);
+    EXPECT_FALSE(state_of("Lukitse kentät").checked);
+}
+
 TEST_F(Readers, EveryPartOfADialogHasAName) {
     start(QStringLiteral("examples/asiakkaat.krt"));
     in_entry("Asetukset...", [](QWidget& dialog) {
         EXPECT_EQ(name_in(dialog, "txt_grid_X"), QStringLiteral("Vaakatiheys"));
         EXPECT_EQ(name_in(dialog, "scr_guide_Y"), QStringLiteral("Pystytiheys"));
+        // The caption beside it, and not that of the frame around.
+        auto& density = *dialog.findChild<QWidget*>(QStringLiteral("txt_guide_X"));
+        EXPECT_EQ(captions_of(density), QStringList(QStringLiteral("Vaakatiheys")));
+        EXPECT_EQ(name_of(*density.parentWidget()), QStringLiteral("Apuviivat"));
     });
     in_entry("Kenttämääritykset...", [](QWidget& dialog) {
         EXPECT_EQ(name_in(dialog, "txtAsiakasStep"), QStringLiteral("Askel"));

@@ -78,6 +78,14 @@ TEST(EndRequests, ASignalKeepsTheWorkAndThenEndsTheProcess) {
     };
     EXPECT_EXIT(end_by(SIGTERM), testing::KilledBySignal(SIGTERM), "kept");
     EXPECT_EXIT(end_by(SIGHUP), testing::KilledBySignal(SIGHUP), "kept");
+    auto const outlive = [](int number) { // as under nohup
+        std::signal(number, SIG_IGN);
+        desktop::EndRequests const requests([] {}, [] { return true; });
+        std::raise(number);
+        QTest::qWait(50);
+        std::_Exit(7);
+    };
+    EXPECT_EXIT(outlive(SIGHUP), testing::ExitedWithCode(7), "");
 }
 
 } // namespace kehystin

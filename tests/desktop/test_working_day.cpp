@@ -5,11 +5,9 @@
 #include "forms/speci_form.h"
 #include "forms/velho_form.h"
 #include "model/settings.h"
-#include "tests/desktop/mouse_program.h"
+#include "tests/desktop/working_day.h"
 
 #include <QComboBox>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QListView>
 #include <QTreeWidget>
 
@@ -19,21 +17,6 @@
 namespace kehystin {
 
 namespace {
-
-/// The real windows on the day of the scenario, with its simple measure of texts: the sizes that
-/// the wizard computes go into the file.
-class ScenarioDay : public desktop::QtHost {
-  public:
-    using QtHost::QtHost;
-    Size measure_text(Font const& font, std::string_view text) const override {
-        double const character = round_to_even(font.size * 6 / 10) + (font.bold ? 1 : 0);
-        return {character * static_cast<double>(Len(text)), round_to_even(font.size * 1.5)};
-    }
-    Date now() const override {
-        constexpr double seventeenth_of_may_2004 = 38124;
-        return seventeenth_of_may_2004 + 9.5 / 24;
-    }
-};
 
 /// What the scenario says of its last file: line number and text.
 std::map<int, std::string> expected_lines() {
@@ -51,37 +34,8 @@ std::map<int, std::string> expected_lines() {
 
 } // namespace
 
-class WorkingDay : public MouseProgram {
+class WorkingDay : public DayProgram {
   protected:
-    std::unique_ptr<desktop::QtHost> make_host(QStringList const& arguments) override {
-        return std::make_unique<ScenarioDay>(arguments);
-    }
-    /// Chooses a menu entry and runs the steps in the windows that it opens, one after the other.
-    void choose(QString const& entry, std::vector<std::function<void(QWidget&)>> steps) {
-        std::size_t next = 0;
-        QTimer clock;
-        clock.callOnTimeout([&] {
-            auto* const modal = QApplication::activeModalWidget();
-            if (modal && modal->isVisible() && next < steps.size())
-                QTimer::singleShot(0, modal, [&steps, &next, modal] {
-                    if (next < steps.size() && modal == QApplication::activeModalWidget())
-                        steps[next++](*modal);
-                });
-        });
-        clock.start(20);
-        action(entry)->trigger();
-        EXPECT_TRUE(soon([&] { return next == steps.size(); })) << entry.toStdString();
-        window()->activateWindow(); // as a window manager does when a dialog has closed
-        settle();
-    }
-    void settle() {
-        EXPECT_TRUE(soon([&] { return !host->timers().isAnyShorterThan(100); }));
-    }
-    static std::function<void(QWidget&)> press_button(char const* name) {
-        return [name](QWidget& dialog) {
-            QTest::mouseClick(dialog.findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
-        };
-    }
     std::function<void(QWidget&)> give_file(char const* name) {
         return [this, name](QWidget& dialog) {
             auto* const files = qobject_cast<QFileDialog*>(&dialog);
@@ -96,10 +50,6 @@ class WorkingDay : public MouseProgram {
             QTest::mouseClick(&widget(name), Qt::LeftButton);
         ASSERT_TRUE(soon([&] { return widget(name).hasFocus(); })) << name;
         QTest::keyClicks(&widget(name), QLatin1String(text));
-        settle();
-    }
-    void drop_from_bar(char const* button, QPoint point) {
-        ASSERT_TRUE(drop(*drag_from_bar(button)->mimeData(), *canvas(), point)) << button;
         settle();
     }
 };

@@ -48,6 +48,10 @@ class AnsweringHost : public scenario::ScriptedHost {
         WhileOutside const outside;
         ScriptedHost::timer_changed(timer);
     }
+    /// As on a thread of its own: what is raised there ends the process.
+    void in_background(std::function<void()> const& work) override {
+        [&]() noexcept { work(); }();
+    }
     void unhandled(std::string_view what) override {
         WhileOutside const outside;
         faults.emplace_back(what);

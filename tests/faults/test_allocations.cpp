@@ -83,7 +83,12 @@ constexpr Deed deeds[] = {
          left.select_all();
      },
      [](Tried&) { input::type(editor_of(Row::left), "7"); }},
-    {"Save", nothing, [](Tried&) { input::click(fEditor->cmdTallenna); }},
+    {"Save",
+     [](Tried&) {
+         field(2).tabIndex = 500;
+         session.needNewID = true;
+     },
+     [](Tried&) { input::click(fEditor->cmdTallenna); }},
     // Builds the surface anew: a card that can then not be shown any more stays kept.
     {"Delete", select_second, [](Tried&) { input::click(fEditor->cmd_field_del); }},
     {"Keep", [](Tried&) { field(2).left = 121; }, [](Tried& one) { one.host.clock.run(2000); }},
@@ -126,6 +131,9 @@ class Allocations : public testing::TestWithParam<Deed> {
             << difference(before, now) << "\n"
             << difference(after_, now);
         auto const file = without_id(bytes_of(one.file));
+        if (file != file_after_) { // a save that was not done leaves nothing of its own
+            EXPECT_EQ(without_links(now), without_links(before));
+        }
         bool const finished = now == after_ && file == file_after_;
         EXPECT_TRUE(finished || !one.host.boxes.empty()) << "not told";
         bool const both_kept = one.is_kept(rescue::What::before, file_before_) &&
@@ -176,6 +184,21 @@ TEST_P(Allocations, AnySingleOneMayFail) {
         ++tried;
     }
     std::cout << GetParam().name << ": " << tried << " of " << allocations_ << " allocations\n";
+}
+
+TEST(GivingUp, EndsNoProcessWhereTheMemoryRunsOutBesideIt) {
+    for (long failing = 1;; ++failing) {
+        SCOPED_TRACE(failing);
+        Tried one;
+        one.start();
+        one.host.yes_or_no = platform::Answer::no;
+        memory = {true, 0, failing};
+        input::click(fEditor->cmd_close);
+        memory.watched = false;
+        EXPECT_TRUE(one.host.faults.empty());
+        if (memory.allocations < failing)
+            break;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(OfADeed, Allocations, testing::ValuesIn(deeds),

@@ -3,6 +3,7 @@
 #include "card/format.h"
 #include "card/reading.h"
 #include "card/writing.h"
+#include "disk/disk.h"
 #include "forms/card_form.h"
 #include "forms/editor_form.h"
 #include "forms/panel_rows.h"
@@ -10,7 +11,6 @@
 #include "model/session.h"
 #include "panel/row_texts.h"
 #include "platform/system.h"
-#include "rescue/disk.h"
 #include "rescue/store.h"
 
 #include <algorithm>

@@ -39,11 +39,15 @@ TEST_F(Krt, BadFilesHaveOneLineAndTheOthersGoOn) {
                                    "kansio.krt: on hakemisto", "suuri.krt: on liian suuri"})
         EXPECT_NE(err.find(name), std::string::npos) << name;
     EXPECT_TRUE(out.starts_with("vanha.krt: 1 Nimi: 2\n"));
+    EXPECT_EQ(run("links -", " <suuri.krt"), 2);
+    EXPECT_NE(err.find("vakiosyöte: on liian suuri"), std::string::npos) << err;
     EXPECT_EQ(run("check --json teksti.krt"), 2);
     EXPECT_EQ(Json::parse(out)["readable"], false);
-    for (auto const* const wrong :
-         {"", "vieras", "check", "repair -o x --in-place a", "make a b", "diff - -"})
+    for (auto const* const wrong : {"", "vieras", "check", "repair -o x --in-place a",
+                                    "repair -o x vanha.krt vanha.krt", "make a b", "diff - -"}) {
         EXPECT_EQ(run(wrong), 2) << wrong;
+        EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << err;
+    }
     for (auto const* const command : {"", "check ", "repair ", "links ", "json ", "make "})
         EXPECT_EQ(run(std::string(command) + "--help"), 0) << command;
 }
@@ -65,6 +69,8 @@ TEST_F(Krt, RepairWritesOnlyWhatWasWrong) {
     EXPECT_EQ(run("repair -o uusi.krt " + pictured), 1);
     EXPECT_NE(err.find("tausta.bmp"), std::string::npos);
     EXPECT_NE(bytes_of(folder / "uusi.krt").find("tausta.bmp"), std::string::npos);
+    EXPECT_EQ(run("repair --in-place " + pictured), 1);
+    EXPECT_FALSE(fs::exists(folder / "sukukirja.krt~")); // nothing has changed
     // What cannot be written leaves nothing behind.
     EXPECT_EQ(run("repair -o ei/ole/uusi.krt " + pictured), 2);
     EXPECT_EQ(run("repair --always - -o - ", " <asiakkaat.krt"), 0);
@@ -107,6 +113,16 @@ TEST_F(Krt, ACardReadOtherwiseThanItStandsIsTold) {
     EXPECT_EQ(run("check --json v.krt"), 2);
     EXPECT_NE(Json::parse(out)["findings"][0]["text"].get<std::string>().find("luku ei mahdu"),
               std::string::npos);
+}
+
+TEST_F(Krt, ALinkingThatEndsBeforeItsTimeIsTold) {
+    write_changed("a.krt", "asiakkaat.krt", "field(3).linkitys=0", "field(3).linkitys=-1");
+    write_changed("a.krt", folder / "a.krt", "field(3).linkki=2", "field(3).linkki=0");
+    for (auto const* const words : {"check a.krt", "check --json a.krt", "links a.krt",
+                                    "diff a.krt a.krt", "form a.krt -o a.html"}) {
+        EXPECT_EQ(run(words), 1) << words;
+        EXPECT_NE((out + err).find("a.krt: linkitys keskeytyi: "), std::string::npos) << words;
+    }
 }
 
 TEST_F(Krt, EveryFindingAndCheckHasItsName) {
@@ -162,8 +178,18 @@ TEST_F(Krt, EveryFindingAndCheckHasItsName) {
                                                   "no_label", "same_title"}));
     EXPECT_EQ(run("links --json k.krt"), 1);
     EXPECT_EQ(Json::parse(out)["links"][0], Json::parse(R"({"title": 1, "data": 2})"));
+    // Fifty of its 52 are nothing to tell.
+    EXPECT_EQ(run("json k.krt"), 1);
+    auto fewer = Json::parse(out);
+    for (int const title : {0, 2}) {
+        EXPECT_EQ(run("check k.krt"), 1);
+        EXPECT_NE(out.find(" sarakekenttää, suositus on enintään 50\n"), std::string::npos);
+        fewer["fields"][title]["value"] = "NOLINK";
+        write("k.json", fewer.dump());
+        EXPECT_EQ(run("make k.json -o k.krt"), 0) << err;
+    }
     EXPECT_EQ(run("check k.krt"), 1);
-    EXPECT_NE(out.find(" sarakekenttää, suositus on enintään 50\n"), std::string::npos);
+    EXPECT_EQ(out.find(" sarakekenttää"), std::string::npos) << out;
     write("e.krt", "x");
     EXPECT_EQ(run("check --json e.krt puuttuu.krt"), 2);
     EXPECT_TRUE(

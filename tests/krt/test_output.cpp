@@ -7,10 +7,10 @@
 
 TEST_F(Krt, NamesOfFilesAreTakenAsTheyAre) {
     auto const broken = bytes_of(folder / take("rikki.krt"));
-    for (auto const* const name : {"kortti", "[kortti]", "[a,b]", "check", "a b", "--json"})
+    for (auto const* const name : {"kortti", "[kortti]", "[a,b]", "check", "++", "a b", "--json"})
         write(name, broken);
-    EXPECT_EQ(run("repair --in-place '[kortti]' '[a,b]' check -- 'a b' --json"), 1);
-    for (auto const* const name : {"[kortti]", "[a,b]", "check", "a b", "--json"})
+    EXPECT_EQ(run("repair --in-place '[kortti]' '[a,b]' check ++ -- 'a b' --json"), 1) << err;
+    for (auto const* const name : {"[kortti]", "[a,b]", "check", "++", "a b", "--json"})
         EXPECT_TRUE(bytes_of(folder / (name + std::string("~"))) == broken) << name;
     EXPECT_TRUE(bytes_of(folder / "kortti") == broken);
     EXPECT_EQ(run("json ./--json", " && cp out k.json"), 0) << err;
@@ -129,13 +129,17 @@ TEST_F(Krt, NothingThatATerminalObeysIsPrinted) {
     told += err;
     write(controls + ".krt", bytes_of(fs::path(KRT_EXAMPLES) / "rikki.krt"));
     write("\xff.krt", bytes_of(fs::path(KRT_EXAMPLES) / "rikki.krt"));
-    for (auto const* const command : {"check ", "links ", "form -o x.html ", "repair -o x.krt "}) {
-        EXPECT_EQ(run(command + std::string("*m*.krt"), " ; mv out x"), 0) << command;
-        told += bytes_of(folder / "x") + err;
-    }
+    write("\23331m.krt", bytes_of(fs::path(KRT_EXAMPLES) / "rikki.krt"));
+    for (auto const* const command : {"check ", "links ", "form -o x.html ", "repair -o x.krt "})
+        for (auto const* const files : {"*m?*.krt", "*31m.krt"}) {
+            EXPECT_EQ(run(std::string(command) + files, " ; mv out x"), 0) << command;
+            told += bytes_of(folder / "x") + err;
+        }
     for (auto const* const sign : {"\x1b", "\xc2\x9d", "\xc2\x90", "\x7f"})
         EXPECT_EQ(told.find(sign), std::string::npos) << told;
     EXPECT_NE(told.find("\n[31m .krt: "), std::string::npos) << told; // in one line
+    // A byte that is no text of its own may be a control to a terminal.
+    EXPECT_NO_THROW(Json(told).dump()) << told;
     // A name that is no text is one for the system, and still JSON for programs.
     EXPECT_EQ(run("check --json \xff.krt"), 1);
     EXPECT_EQ(Json::parse(out)["file"], "\xef\xbf\xbd.krt");

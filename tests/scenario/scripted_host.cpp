@@ -1,5 +1,6 @@
 #include "tests/scenario/scripted_host.h"
 
+#include "disk/disk.h"
 #include "platform/base.h"
 #include "platform/form.h"
 #include "platform/system.h"
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -183,10 +183,9 @@ platform::Size ScriptedHost::measure_text(platform::Font const& font, std::strin
 platform::Picture ScriptedHost::LoadPicture(std::string const& path) {
     if (path.empty())
         return {};
-    std::error_code ignored;
-    if (!std::filesystem::exists(path, ignored))
+    if (!disk::is_there(path))
         throw RuntimeError(ErrorNumber::file_not_found);
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(disk::path_of(path), std::ios::binary);
     std::ostringstream bytes;
     if (!(bytes << file.rdbuf()))
         throw RuntimeError(file.is_open() ? ErrorNumber::invalid_picture

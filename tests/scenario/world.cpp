@@ -1,5 +1,6 @@
 #include "tests/scenario/world.h"
 
+#include "disk/disk.h"
 #include "platform/base.h"
 #include "tests/scenario/pictures.h"
 #include "tests/scenario/words.h"
@@ -13,8 +14,8 @@ namespace scenario {
 namespace {
 
 std::string read_file(std::string const& path, std::string_view name) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file || std::filesystem::is_directory(path))
+    std::ifstream file(disk::path_of(path), std::ios::binary);
+    if (!file || disk::kind_of(path) == disk::Kind::folder)
         throw StepError("expected the file " + std::string(name) + ", found none");
     std::ostringstream bytes;
     bytes << file.rdbuf();
@@ -26,8 +27,8 @@ std::string read_file(std::string const& path, std::string_view name) {
 World::World(std::string folder, std::string beside)
     : folder_(platform::with_separator(std::move(folder))),
       beside_(platform::with_separator(std::move(beside))) {
-    std::filesystem::create_directories(folder_ + "windows");
-    std::filesystem::create_directories(folder_ + "program");
+    std::filesystem::create_directories(disk::path_of(folder_ + "windows"));
+    std::filesystem::create_directories(disk::path_of(folder_ + "program"));
 }
 
 std::string World::path(std::string_view name) const {
@@ -36,8 +37,9 @@ std::string World::path(std::string_view name) const {
 
 void World::write(std::string_view name, std::string_view bytes) const {
     std::error_code ignored; // the opening tells
-    std::filesystem::create_directories(std::filesystem::path(path(name)).parent_path(), ignored);
-    std::ofstream file(path(name), std::ios::binary | std::ios::trunc);
+    auto const place = disk::path_of(path(name));
+    std::filesystem::create_directories(place.parent_path(), ignored);
+    std::ofstream file(place, std::ios::binary | std::ios::trunc);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     file.close();
     if (!file)
@@ -66,13 +68,12 @@ void World::take(std::string_view name, std::string_view new_name) const {
 
 void World::remove(std::string_view name) const {
     std::error_code ignored; // what is not there cannot be removed either
-    if (name.empty() || !std::filesystem::remove(path(name), ignored))
+    if (name.empty() || !std::filesystem::remove(disk::path_of(path(name)), ignored))
         throw StepError("expected the file " + std::string(name) + ", found none");
 }
 
 bool World::exists(std::string_view name) const {
-    std::error_code ignored;
-    return std::filesystem::exists(path(name), ignored);
+    return disk::is_there(path(name));
 }
 
 std::string World::bytes(std::string_view name) const {

@@ -8,6 +8,7 @@
 #include "model/card.h"
 #include "model/session.h"
 #include "tests/scenario/scripted_host.h"
+#include "tests/temporary_folder.h"
 #include "tests/unit/card_in_hand.h"
 
 #include <gtest/gtest.h>
@@ -22,29 +23,25 @@ namespace kehystin {
 class Folder {
   public:
     Folder() {
-        auto pattern = (std::filesystem::temp_directory_path() / "kehystin-XXXXXX").string();
-        path_ = std::string(mkdtemp(pattern.data())) + "/";
-        std::filesystem::create_directory(path_ + "windows");
-        std::filesystem::create_directory(path_ + "program");
+        std::filesystem::create_directory(disk::path_of(path_ + "windows"));
+        std::filesystem::create_directory(disk::path_of(path_ + "program"));
     }
-    ~Folder() { std::filesystem::remove_all(path_); }
-    Folder(Folder const&) = delete;
-    Folder& operator=(Folder const&) = delete;
 
     std::string operator/(std::string_view name) const { return path_ + std::string(name); }
     std::string const& path() const { return path_; }
 
   private:
-    std::string path_;
+    tests::TemporaryFolder folder_{"kehystin-"};
+    std::string path_ = folder_.path() + "/";
 };
 
 inline std::string bytes_of(std::string const& path) {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(disk::path_of(path), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
 inline void put_bytes(std::string const& path, std::string_view bytes) {
-    std::ofstream(path, std::ios::binary).write(bytes.data(), std::ssize(bytes));
+    std::ofstream(disk::path_of(path), std::ios::binary).write(bytes.data(), std::ssize(bytes));
 }
 
 class FreshSession : public testing::Test {

@@ -2,7 +2,7 @@
 #include "card/checks.h"
 #include "card/column_order.h"
 #include "card/identity.h"
-#include "card/key_index.h"
+#include "card/internal/key_index.h"
 #include "card/linking.h"
 #include "card/reading.h"
 #include "card/writing.h"
@@ -17,13 +17,15 @@ namespace kehystin {
 
 namespace {
 
+using namespace std::string_view_literals;
+
 std::string example(std::string const& name) {
     std::ifstream file(KEHYSTIN_SCENARIOS "/../../examples/" + name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
 Reading read(std::string_view bytes) {
-    return read_card(bytes, {}, {.today = 50000});
+    return read_card(bytes, {}, {});
 }
 
 } // namespace
@@ -51,7 +53,8 @@ TEST(CardLibrary, WhatIsFoundNamesItsKeyAndWhatBecomesOfIt) {
     EXPECT_EQ(width->found, "abc");
     EXPECT_EQ(width->kept, "300");
     EXPECT_EQ(reading.data.card.width, 300);
-    EXPECT_EQ(read("ei kortti").end, Reading::End::not_a_card);
+    for (auto const none : {""sv, "ei kortti"sv, "Norvak\r\nCardfile"sv, "\0\0\0"sv})
+        EXPECT_EQ(read(none).end, Reading::End::not_a_card);
 }
 
 TEST(CardLibrary, WhatIsRepairedNeedsNoOtherRepair) {

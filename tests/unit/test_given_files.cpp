@@ -31,7 +31,11 @@ class GivenFiles : public testing::Test {
 
 TEST_F(GivenFiles, AStartFileIsTakenAsItStands) {
     program.reset();
-    for (auto const* const name : {"oma kortti", "\"lainattu\"", "100 % %f.krt", " ", "a\nb.krt"}) {
+    std::vector<std::string> names{"oma kortti", "100 % %f.krt"};
+#ifndef _WIN32 // which takes no such names
+    names.insert(names.end(), {"\"lainattu\"", " ", "a\nb.krt"});
+#endif
+    for (auto const& name : names) {
         host.files = {copy(name)};
         program.emplace(host);
         program->Main();
@@ -44,7 +48,7 @@ TEST_F(GivenFiles, AStartFileIsTakenAsItStands) {
 }
 
 TEST_F(GivenFiles, OfSeveralTheFirstIsOpenedAndTheOthersAreTold) {
-    host.files = {copy("a.krt"), copy("b\r\nc.krt"), folder / "ei.krt"};
+    host.files = {copy("a.krt"), folder / "b\r\nc.krt", folder / "ei.krt"};
     host.answers = {Answer::ok};
     program->Main();
     EXPECT_EQ(session.cardFile, folder / "a.krt");

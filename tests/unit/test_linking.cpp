@@ -19,6 +19,7 @@ TEST_F(LinkCard, AFailureEndsTheRunWhereItIs) {
     add_field(Style::TXT, 100, 10, 50, 20);
     add_field(Style::TXT, 100, 40, 50, 20).linkitys = true;
     add_field(Style::TXT, 100, 70, 50, 20).group = "Vanha";
+    field(1).caption = " Nimi";
     for (int const number : {0, 5, -1}) {
         field(3).linkki = number;
         auto const linking = link_card(data_);
@@ -27,7 +28,10 @@ TEST_F(LinkCard, AFailureEndsTheRunWhereItIs) {
         EXPECT_EQ(linking.links.size(), 1U);
         EXPECT_EQ(field(1).list.trimmed(), "2|");
         EXPECT_EQ(field(4).group.trimmed(), "");
+        EXPECT_TRUE(field(1).caption.bytes().starts_with("Nimi")); // trimmed, as its field has it
     }
+    field(1).left = 32760; // a sum beyond 16 bits
+    EXPECT_TRUE(link_card(data_).failure.value().is(ErrorNumber::overflow));
 }
 
 } // namespace kehystin

@@ -6,37 +6,14 @@
 
 namespace kehystin {
 
-class Reader : public FreshSession {
+class Reader : public FreshSession, protected CardText {
   protected:
     void SetUp() override {
         start();
-        // A card with two fields, as the writer makes it.
-        card.name = "Koe";
-        card.width = 400;
-        card.height = 300;
-        card.STPP = 15;
-        card.picture = "";
-        card.asiakasMin = 1;
-        card.asiakasMax = 1000;
-        card.asiakasStep = 1;
-        card.asiakasNum = 4;
-        card.editDate = to_date({2004, 5, 1});
-        add_field(Style::OTS, 10, 10, 100, 16, "Nimi");
-        add_field(Style::TXT, 120, 10, 100, 21).linkki = 1;
+        make_two_fields(open_card);
         session.cardFile = folder / "kortti.krt";
         ASSERT_TRUE(SaveCardFile());
         text = bytes_of(session.cardFile);
-    }
-
-    /// Replaces the line of a key; an empty line takes it away.
-    void replace_line(std::string_view key, std::string_view line) {
-        auto const start = text.find("\n" + std::string(key) + "=") + 1;
-        ASSERT_NE(start, 0U) << key;
-        auto const end = text.find('\n', start) + 1;
-        text.replace(start, end - start, line.empty() ? "" : std::string(line) + "\r\n");
-    }
-    void value(std::string_view key, std::string_view new_value) {
-        replace_line(key, std::string(key) + "=" + std::string(new_value));
     }
     bool read() {
         put_bytes(folder / "kortti.krt", text);
@@ -52,29 +29,13 @@ class Reader : public FreshSession {
         return !host.boxes.empty() &&
                host.boxes.back().text.find("\r\n" + std::string(row) + "\r\n") != std::string::npos;
     }
-
-    std::string text;
 };
 
-TEST_F(Reader, WhatWasWrittenReadsBackTheSame) {
-    card = {};
-    fields.assign(1, {});
-    ASSERT_TRUE(read());
-    EXPECT_TRUE(host.boxes.empty());
-    EXPECT_EQ(card.editDate, to_date({2004, 5, 1}));
-    ASSERT_TRUE(SaveCardFile());
-    EXPECT_EQ(bytes_of(session.cardFile), text);
-}
-
 TEST_F(Reader, AnUnknownFileLeavesTheRecordsAlone) {
-    for (auto const bytes :
-         {std::string_view(""), std::string_view("hei"), std::string_view("Norvak\r\nCardfile"),
-          std::string_view("\0\0\0", 3)}) {
-        text = bytes;
-        EXPECT_FALSE(read({Answer::ok}));
-        EXPECT_EQ(host.boxes.back().title, " Tuntematon tiedostomuoto   ");
-        EXPECT_EQ(card.fields, 2);
-    }
+    text = "hei";
+    EXPECT_FALSE(read({Answer::ok}));
+    EXPECT_EQ(host.boxes.back().title, " Tuntematon tiedostomuoto   ");
+    EXPECT_EQ(card.fields, 2);
     EXPECT_FALSE(ReadCardFile(folder / "puuttuu.krt"));
     EXPECT_EQ(host.boxes.size(), 1U);
 }

@@ -8,34 +8,11 @@
 
 namespace kehystin {
 
-class ReadCard : public CardInHand {
+class ReadCard : public CardInHand, protected CardText {
   protected:
     void SetUp() override {
-        // A card with two fields, as the writer makes it.
-        card.name = "Koe";
-        card.width = 400;
-        card.height = 300;
-        card.STPP = 15;
-        card.picture = "";
-        card.asiakasMin = 1;
-        card.asiakasMax = 1000;
-        card.asiakasStep = 1;
-        card.asiakasNum = 4;
-        card.editDate = to_date({2004, 5, 1});
-        add_field(Style::OTS, 10, 10, 100, 16, "Nimi");
-        add_field(Style::TXT, 120, 10, 100, 21).linkki = 1;
+        make_two_fields(data_);
         text = write_card(data_);
-    }
-
-    /// Replaces the line of a key; an empty line takes it away.
-    void replace_line(std::string_view key, std::string_view line) {
-        auto const start = text.find("\n" + std::string(key) + "=") + 1;
-        ASSERT_NE(start, 0U) << key;
-        auto const end = text.find('\n', start) + 1;
-        text.replace(start, end - start, line.empty() ? "" : std::string(line) + "\r\n");
-    }
-    void value(std::string_view key, std::string_view new_value) {
-        replace_line(key, std::string(key) + "=" + std::string(new_value));
     }
     /// Reads the text as after Yes to every question.
     bool read() {
@@ -55,7 +32,6 @@ class ReadCard : public CardInHand {
     }
 
     Date const today = to_date({2004, 5, 17});
-    std::string text;
     std::string report;
     int asked = 0; ///< missing keys that the user is asked about
 };
@@ -183,6 +159,12 @@ TEST_F(ReadCard, LongTextsAreCutAndTold) {
     ASSERT_TRUE(read());
     EXPECT_TRUE(report_has("field(1 ).caption:  " + caption + "  ->  " + caption.substr(1) +
                            "     (max 100 merkkiä)"));
+}
+
+TEST_F(ReadCard, APictureThatWasNeverChosenIsNone) {
+    value("card.picture", std::string(150, '\0'));
+    ASSERT_TRUE(read());
+    EXPECT_TRUE(card.picture.is_blank());
 }
 
 TEST_F(ReadCard, NumbersAreJudgedAsTheyAreWritten) {

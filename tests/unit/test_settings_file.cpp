@@ -90,6 +90,15 @@ TEST_F(SettingsFile, WhatWasReadStaysWhenTheClosingFails) {
     EXPECT_EQ(bytes_of(path() + ".old2"), later);
 }
 
+TEST_F(SettingsFile, WhatTheSystemCouldNotFindAtTheStartIsNotWrittenOver) {
+    std::filesystem::create_symlink(path(), path()); // as a folder of the network that is away
+    EXPECT_FALSE(ReadSettings());
+    std::filesystem::remove(path());
+    put_bytes(path(), "asetukset");
+    WriteSettings();
+    EXPECT_EQ(bytes_of(path() + ".old"), "asetukset");
+}
+
 TEST_F(SettingsFile, NumbersOutsideTheirRangeAreRepaired) {
     Settings record = settings;
     for (auto* const flag :

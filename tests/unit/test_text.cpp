@@ -16,6 +16,9 @@ TEST(Text, ForeignAndBrokenCharactersBecomeQuestionMarks) {
     EXPECT_EQ(to_code_page("a日b"), "a?b");
     EXPECT_EQ(to_code_page("😀"), "?");
     EXPECT_EQ(to_code_page("\xFF\xC3"), "??");
+    // A line break written longer than it is, half a pair, and beyond the last character.
+    EXPECT_EQ(to_code_page("\xC0\x8A\xE0\x80\x8A\xF0\x80\x80\x8A"), "?????????");
+    EXPECT_EQ(Len("\xED\xA0\x80\xF4\x90\x80\x80"), 7U);
 }
 
 TEST(Text, UpperCaseCoversTheCodePage) {

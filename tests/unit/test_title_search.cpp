@@ -1,4 +1,4 @@
-#include "card/title_search.h"
+#include "card/internal/title_search.h"
 
 #include "tests/unit/card_in_hand.h"
 

@@ -10,6 +10,7 @@
 #include "tests/unit/fresh_session.h"
 
 #include <algorithm>
+#include <unistd.h>
 
 namespace kehystin {
 
@@ -82,6 +83,16 @@ TEST_F(WorkRescue, NothingIsKeptWhileTheHandsAreOnTheCardUnlessTheProcessEnds) {
     EXPECT_TRUE(kept());
 }
 
+TEST_F(WorkRescue, AFolderThatIsDeletedIsMadeAgainAndItsSessionRuns) {
+    keep_work();
+    std::filesystem::remove_all(folder / "state");
+    keep_work();
+    EXPECT_TRUE(kept());
+    rescue::Store const store(folder / "state");
+    EXPECT_TRUE(rescue::look_for_rescues(store).rescues.empty());
+    EXPECT_TRUE(rescue::is_open_elsewhere(store, "", session.cardFile));
+}
+
 TEST_F(WorkRescue, EveryFileIsKeptBeforeItIsSavedOver) {
     auto const path = save_as("a.krt");
     auto const own = bytes_of(path);
@@ -101,6 +112,23 @@ TEST_F(WorkRescue, EveryFileIsKeptBeforeItIsSavedOver) {
     cmdTallenna_Click();
     EXPECT_FALSE(static_cast<bool>(session.cardModified));
     EXPECT_TRUE(all_kept().empty());
+}
+
+/// A file that may be written but not read cannot be read back, which is no failure of the save.
+TEST_F(WorkRescue, AFileThatIsClosedToReadingIsSaved) {
+    using std::filesystem::perms;
+    auto const path = save_as("a.krt");
+    MarkCardChanged();
+    host.answers = {Answer::ok, Answer::yes}; // its folder of rescues is closed too
+    auto const save_as_a_user = [&] {
+        std::filesystem::permissions(folder.path(), perms(0777));
+        std::filesystem::permissions(path, perms(0222));
+        if (geteuid() == 0 && seteuid(65534) != 0)
+            std::_Exit(1);
+        cmdTallenna_Click();
+        std::_Exit(session.cardModified ? 2 : 0);
+    };
+    EXPECT_EXIT(save_as_a_user(), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(WorkRescue, ACardThatCanNoLongerBeShownStaysKept) {
@@ -139,6 +167,47 @@ TEST_F(WorkRescue, AFileThatAnotherSessionHasOpenIsAskedAboutOnce) {
     MarkCardChanged();
     cmdTallenna_Click();
     EXPECT_FALSE(static_cast<bool>(session.cardModified));
+}
+
+TEST(WithoutAHome, ASaveIsFlushedAndReadBackAllTheSame) {
+    struct Homeless : scenario::ScriptedHost {
+        using ScriptedHost::ScriptedHost;
+        std::string state_folder() const override { return {}; }
+    };
+    Folder const folder;
+    Homeless host(folder.path());
+    Program program(host);
+    program.Main();
+    std::filesystem::copy_file(KEHYSTIN_SCENARIOS "/files/kaksi.krt", folder / "a.krt");
+    session.startFile = folder / "a.krt";
+    cmd_open_Click();
+    for (int operation = 1; operation <= 2; ++operation) {
+        MarkCardChanged();
+        host.fail_rescue_operation(operation, static_cast<int>(ErrorNumber::disk_io));
+        host.answers = {Answer::ok};
+        cmdTallenna_Click();
+        EXPECT_TRUE(static_cast<bool>(session.cardModified)) << operation;
+    }
+}
+
+/// Half of a file, as a full disk has left it, with both sides of that save beside it.
+TEST_F(FreshSession, WhatOurOwnSaveHasLeftIsNotAskedAboutWhereTheOldCardIsOpened) {
+    auto const file = folder / "a.krt";
+    auto const old = bytes_of(KEHYSTIN_SCENARIOS "/files/kaksi.krt");
+    auto const wanted = bytes_of(KEHYSTIN_SCENARIOS "/files/irti.krt");
+    put_bytes(file, wanted.substr(0, wanted.size() / 2));
+    rescue::Store const store(folder / "state");
+    auto const leave = [&](std::string const& name, rescue::What kind, std::string const& bytes) {
+        store.put(name, rescue::to_file({kind, file, 1, 1, false, rescue::checksum(old), bytes}));
+    };
+    leave("s+1.before", rescue::What::before, old);
+    leave("s+2.after.later1", rescue::What::after, wanted);
+    host.answers = {Answer::yes};
+    start();
+    EXPECT_EQ(card.fields, 2);
+    cmdTallenna_Click();
+    EXPECT_FALSE(static_cast<bool>(session.cardModified));
+    EXPECT_EQ(host.boxes.size(), 1U);
 }
 
 } // namespace kehystin

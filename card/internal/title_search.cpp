@@ -1,4 +1,4 @@
-#include "card/title_search.h"
+#include "card/internal/title_search.h"
 
 #include <cmath>
 #include <optional>

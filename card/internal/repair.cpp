@@ -1,4 +1,4 @@
-#include "card/repair.h"
+#include "card/internal/repair.h"
 
 #include <cmath>
 
@@ -101,8 +101,8 @@ void CardRepair::store_real(Place const& place, float& member) {
 
 void CardRepair::store_date(Place const& place, double& member) {
     auto const date = read_date(from_code_page(place.value));
-    bool const stands = date && *date <= around_.today;
-    member = stands ? *date : around_.today;
+    bool const stands = date && (!around_.today || *date <= *around_.today);
+    member = stands ? *date : around_.today.value_or(0);
     if (!stands)
         tell(Finding::What::repaired, place, short_date(member));
 }

@@ -1,4 +1,4 @@
-#include "card/key_index.h"
+#include "card/internal/key_index.h"
 
 #include "card/format.h"
 

@@ -3,10 +3,10 @@
 
 #include <string_view>
 
-namespace kehystin::maker {
+namespace kehystin::base::maker {
 
 inline constexpr std::string_view name = "Kehystin";
 inline constexpr std::string_view support_address = "tuki@kehystin.example";
 inline constexpr std::string_view web_address = "www.kehystin.example";
 
-} // namespace kehystin::maker
+} // namespace kehystin::base::maker

@@ -1,0 +1,30 @@
+#include "desktop/spoken_picture.h"
+
+#include "desktop/painted_widgets.h"
+
+#include <QAccessibleWidget>
+
+namespace desktop {
+
+namespace {
+
+/// A picture where one is shown; otherwise what holds the controls that stand in it.
+QAccessible::Role roleOf(platform::Control const* control) {
+    auto const* const box = dynamic_cast<platform::PictureBox const*>(control);
+    return box && !box->Picture.get().empty() ? QAccessible::Graphic : QAccessible::Pane;
+}
+
+QAccessibleInterface* makeSpoken(QString const&, QObject* object) {
+    auto* const painted = dynamic_cast<PaintedWidget*>(object);
+    if (!painted || dynamic_cast<platform::Label*>(painted->control()))
+        return nullptr;
+    return new QAccessibleWidget(painted, roleOf(painted->control()));
+}
+
+} // namespace
+
+void letPicturesSpeak() {
+    QAccessible::installFactory(makeSpoken);
+}
+
+} // namespace desktop

@@ -17,7 +17,7 @@
 namespace {
 
 /// krt's painter, whose own words begin behind the option.
-int draw(std::vector<std::string>& words) {
+int paint(std::vector<std::string>& words) {
     std::vector<char*> arguments;
     for (auto& word : words)
         arguments.push_back(word.data());
@@ -35,7 +35,7 @@ int main(int argc, char* argv[]) {
     if (first == desktop::help_reader::option && words.size() == 2)
         return desktop::help_reader::run(words[1].c_str());
     if (first == "--draw")
-        return draw(words);
+        return paint(words);
     if (first == "--register")
         return windows::registerCards();
     if (first == "--unregister")

@@ -258,6 +258,7 @@ void close_card() {
         return;
     unload_card_form();
     show_no_card();
+    keep_keyboard();
     note_open_file();
 }
 

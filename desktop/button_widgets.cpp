@@ -5,6 +5,7 @@
 #include "desktop/keyboard.h"
 #include "desktop/mouse.h"
 #include "desktop/pictures.h"
+#include "desktop/spoken_option.h"
 #include "desktop/text.h"
 #include "platform/input.h"
 
@@ -204,6 +205,7 @@ OptionButtonWidget::OptionButtonWidget(platform::OptionButton& option, QWidget& 
     : QRadioButton(&parent), ControlWidget(option, gate) {
     setAutoFillBackground(true);
     setAutoExclusive(false); // which others go off is the program's decision
+    letOptionsSpeak();
     sendClicks(*this, gate);
 }
 

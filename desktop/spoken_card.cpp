@@ -122,7 +122,9 @@ QAccessible::State SpokenObject::state() const {
 
 class SpokenCard : public QAccessibleWidget {
   public:
-    explicit SpokenCard(CardCanvas& canvas) : QAccessibleWidget(&canvas, QAccessible::Canvas) {}
+    explicit SpokenCard(CardCanvas& canvas) : QAccessibleWidget(&canvas, QAccessible::Canvas) {
+        told_ = allTold();
+    }
     ~SpokenCard() override {
         for (auto const id : std::as_const(made_))
             QAccessible::deleteAccessibleInterface(id);
@@ -150,7 +152,7 @@ class SpokenCard : public QAccessibleWidget {
     mutable QList<Control const*> objects_; // in stacking order
     mutable std::optional<unsigned> asOf_;  // the canvas's changes when they were listed
     mutable QHash<Control const*, QAccessible::Id> made_;
-    std::optional<QHash<Control const*, Told>> told_;
+    QHash<Control const*, Told> told_; // what a reader can know
 };
 
 QList<Control const*> const& SpokenCard::objects() const {
@@ -196,18 +198,16 @@ QHash<Control const*, Told> SpokenCard::allTold() const {
 
 void SpokenCard::tellChanges(Tell tell) {
     auto const before = std::exchange(told_, allTold());
-    if (!before)
-        return; // nobody has been told of anything yet
-    for (auto const& [control, now] : told_->asKeyValueRange())
-        if (auto const known = before->constFind(control); known != before->constEnd())
+    for (auto const& [control, now] : told_.asKeyValueRange())
+        if (auto const known = before.constFind(control); known != before.constEnd())
             tellChange(*object(*control), *known, now, tell);
-    auto const isNew = [&](Control const* control) { return !before->contains(control); };
+    auto const isNew = [&](Control const* control) { return !before.contains(control); };
     bool const reordered =
-        before->size() != told_->size() || std::any_of(told_->keyBegin(), told_->keyEnd(), isNew);
+        before.size() != told_.size() || std::any_of(told_.keyBegin(), told_.keyEnd(), isNew);
     if (!reordered)
         return;
     for (auto one = made_.begin(); one != made_.end();) {
-        if (told_->contains(one.key())) {
+        if (told_.contains(one.key())) {
             ++one;
             continue;
         }

@@ -5,6 +5,7 @@
 #include "mainwindow/icon_bar.h"
 #include "mainwindow/status_bar.h"
 #include "model/settings.h"
+#include "platform/system.h"
 
 namespace kehystin {
 
@@ -13,10 +14,20 @@ namespace {
 bool flip(Control& bar, Menu& entry) {
     bar.Visible = !bar.Visible;
     entry.Checked = bar.Visible.get();
+    keep_keyboard();
     return bar.Visible;
 }
 
 } // namespace
+
+void keep_keyboard() {
+    if (System::current().focused() || System::current().active_modal())
+        return;
+    for (Control* const bar :
+         {static_cast<Control*>(&fEditor->icoBar), static_cast<Control*>(&fEditor->cmb_field)})
+        if (bar->can_take_focus())
+            return bar->SetFocus();
+}
 
 void cmd_fldBar_Click() {
     flip(fEditor->fldBar, fEditor->cmd_fldBar);

@@ -133,13 +133,23 @@ Control const* bar_of(Control const& control) {
     return nullptr;
 }
 
-/// The option buttons that go out when one of them is chosen, as a user sees them.
+/// The option buttons that go out when one of them is chosen, as a user sees them: a label between
+/// them parts two groups.
 std::vector<OptionButton*> group_of(OptionButton const& option) {
     std::vector<OptionButton*> group;
-    for (auto* const child : option.container()->children())
+    bool is_own = false;
+    for (auto* const child : option.container()->children()) {
+        if (dynamic_cast<Label*>(child)) {
+            if (is_own)
+                break;
+            group.clear();
+        }
         if (auto* const other = dynamic_cast<OptionButton*>(child);
-            other && other->can_take_focus())
+            other && other->can_take_focus()) {
             group.push_back(other);
+            is_own = is_own || other == &option;
+        }
+    }
     std::sort(group.begin(), group.end(), [](OptionButton const* a, OptionButton const* b) {
         return int{a->TabIndex} < int{b->TabIndex};
     });

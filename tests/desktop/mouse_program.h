@@ -6,11 +6,16 @@
 #include "tests/desktop/real_program.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QDrag>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
 
 namespace kehystin {
 
@@ -21,6 +26,27 @@ class MouseProgram : public RealProgram {
         start(file);
         action(QStringLiteral("Tartu ruudukkoon"))->trigger();
         ASSERT_FALSE(fEditor->cmd_grid_snap.Checked);
+    }
+
+    /// Does what opens a dialog, `use`s it when it is up, and closes it where it still stands.
+    static void in_dialog(std::function<void()> const& open,
+                          std::function<void(QWidget&)> const& use) {
+        auto* const before = QApplication::activeModalWidget();
+        bool used = false;
+        QTimer waiting;
+        waiting.callOnTimeout([&] {
+            QPointer<QWidget> const modal = QApplication::activeModalWidget();
+            if (used || !modal || modal == before || !modal->isVisible())
+                return;
+            used = true;
+            QCoreApplication::processEvents();
+            use(*modal);
+            if (modal && modal == QApplication::activeModalWidget())
+                modal->close();
+        });
+        waiting.start(std::chrono::milliseconds(10));
+        open();
+        EXPECT_TRUE(used);
     }
 
     void press(QPoint point, Qt::KeyboardModifiers modifiers = {},

@@ -56,25 +56,12 @@ QString nameless(QWidget& window) {
 
 class Readers : public MouseProgram {
   protected:
-    /// Does what opens a dialog, `use`s it when it is up, and closes it where it still stands.
     static void in_dialog(std::function<void()> const& open,
                           std::function<void(QWidget&)> const& use) {
-        auto* const before = QApplication::activeModalWidget();
-        bool used = false;
-        QTimer waiting;
-        waiting.callOnTimeout([&] {
-            QPointer<QWidget> const modal = QApplication::activeModalWidget();
-            if (used || !modal || modal == before || !modal->isVisible())
-                return;
-            used = true;
-            EXPECT_ALL_NAMED(*modal) << modal->windowTitle().toStdString();
-            use(*modal);
-            if (modal && modal == QApplication::activeModalWidget())
-                modal->close();
+        MouseProgram::in_dialog(open, [&](QWidget& modal) {
+            EXPECT_ALL_NAMED(modal) << modal.windowTitle().toStdString();
+            use(modal);
         });
-        waiting.start(std::chrono::milliseconds(10));
-        open();
-        EXPECT_TRUE(used);
     }
     void in_entry(char const* entry, std::function<void(QWidget&)> const& use) {
         in_dialog([&] { action(QString::fromUtf8(entry))->trigger(); }, use);
@@ -190,6 +177,11 @@ TEST_F(Readers, EveryPartOfADialogHasAName) {
             EXPECT_ALL_NAMED(wizard) << page;
         }
         EXPECT_EQ(name_in(wizard, "txtOtsikko(2)"), QStringLiteral("Kenttä 2"));
+        auto* const option = wizard.findChild<QWidget*>(QStringLiteral("optAlignRight"));
+        auto* const spoken = QAccessible::queryAccessibleInterface(option);
+        EXPECT_EQ(spoken->role(), QAccessible::RadioButton);
+        EXPECT_EQ(name_of(*option), QStringLiteral("Tasaa otsikot: Oikealle"));
+        EXPECT_FALSE(spoken->state().checked);
         auto* const font = wizard.findChild<QAbstractButton*>(QStringLiteral("cmdFontOts"));
         ASSERT_TRUE(font && font->isVisible());
         in_dialog([&] { font->click(); },
@@ -295,7 +287,7 @@ TEST_F(Readers, TellsWhatChangesOnTheCard) {
         desktop::tellChanges(dynamic_cast<desktop::CardCanvas&>(*canvas()), note);
         return told;
     };
-    EXPECT_EQ(changes(), QStringList());
+    changes(); // what has been told before is of no concern
     auto const name = spoken_field(3)->text(QAccessible::Name);
     click(middle_of(3));
     EXPECT_EQ(changes(), QStringList({saying(QAccessible::StateChanged, name),

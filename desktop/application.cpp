@@ -25,8 +25,9 @@ int runApplication(int argc, char* argv[], std::function<void(QApplication&)> co
     applyLook(application);
 
     QTranslator finnish;
-    if (finnish.load(QStringLiteral("qtbase_fi"),
-                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    auto const words = QStringLiteral("qtbase_fi");
+    if (finnish.load(words, QLibraryInfo::path(QLibraryInfo::TranslationsPath)) ||
+        finnish.load(words, QStringLiteral(":/i18n")))
         QApplication::installTranslator(&finnish);
 
     if (prepared)

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QObject>
-#include <QSocketNotifier>
 
 #include <functional>
 #include <memory>
@@ -16,19 +15,17 @@ class EndRequests : public QObject {
     /// `keep` makes the user's work safe at once. `close` closes the program by its usual road;
     /// false when the user would rather stay. There is one of this class in a process.
     EndRequests(std::function<void()> keep, std::function<bool()> close);
-    ~EndRequests() override;
 
     /// The user logs out: keeps the work, then asks as far as that is allowed. False when the user
     /// would rather stay.
     bool mayLogOut(std::function<bool()> const& mayAsk);
 
   private:
-    void endBySignal();
     void logOut(QSessionManager& manager);
 
     std::function<void()> keep_;
     std::function<bool()> close_;
-    std::unique_ptr<QSocketNotifier> notifier_;
+    std::unique_ptr<QObject> signals_;
 };
 
 } // namespace desktop

@@ -19,10 +19,16 @@ namespace desktop {
 
 namespace {
 
-/// Beside the program.
-QString readerProgram() {
-    return QDir(QCoreApplication::applicationDirPath())
-        .filePath(QString::fromLatin1(help_reader::program));
+/// Starts what reads the file.
+void start(QProcess& reader, QString const& path) {
+#ifdef Q_OS_WIN
+    reader.start(QCoreApplication::applicationFilePath(),
+                 {QString::fromLatin1(help_reader::option), path}, QIODevice::ReadOnly);
+#else
+    reader.start(QDir(QCoreApplication::applicationDirPath())
+                     .filePath(QString::fromLatin1(help_reader::program)),
+                 {path}, QIODevice::ReadOnly);
+#endif
 }
 
 /// What the reader says of a file; nothing where it falls over it or does not come back.
@@ -33,7 +39,7 @@ std::optional<QByteArray> readApart(QString const& path) {
     QProcess reader;
     reader.setStandardInputFile(QProcess::nullDevice());
     reader.setStandardErrorFile(QProcess::nullDevice());
-    reader.start(readerProgram(), {QFileInfo(path).absoluteFilePath()}, QIODevice::ReadOnly);
+    start(reader, QFileInfo(path).absoluteFilePath());
     QByteArray written;
     auto const left = [&] { return static_cast<int>(deadline.remainingTime()); };
     while (written.size() <= mostBytes && reader.waitForReadyRead(left()))

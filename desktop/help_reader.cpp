@@ -1,36 +1,16 @@
-// kehystin-help-reader FILE: everything in a compiled help file, on standard output.
-//
-// A process of its own, for chmlib believes what a file says of itself: where a byte is damaged it
-// divides by zero, writes past its buffers or never comes back. Here that harms nobody.
 #include "desktop/help_reader.h"
+
+#include "desktop/help_reader_system.h"
 
 #include <chm_lib.h>
 
-#include <csignal>
 #include <cstdio>
 #include <string_view>
-#include <sys/prctl.h>
-#include <sys/resource.h>
 #include <vector>
 
 namespace {
 
 using namespace desktop::help_reader;
-
-void limit(auto resource, rlim_t most) {
-    rlimit const wanted{most, most};
-    setrlimit(resource, &wanted);
-}
-
-/// It may only fail in silence, soon, and without the machine's memory.
-void limitMyself() {
-    constexpr rlim_t memory = 256 * 1024 * 1024;
-    constexpr rlim_t seconds = 2;
-    limit(RLIMIT_AS, memory);
-    limit(RLIMIT_CPU, seconds);
-    prctl(PR_SET_DUMPABLE, 0); // no core file
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-}
 
 bool write(void const* bytes, std::size_t size) {
     return std::fwrite(bytes, 1, size, stdout) == size;
@@ -55,9 +35,9 @@ int writeUnit(chmFile* file, chmUnitInfo* unit, void*) {
 
 } // namespace
 
-int main(int argc, char* argv[]) {
+int desktop::help_reader::run(char const* path) {
     limitMyself();
-    auto* const file = argc == 2 ? chm_open(argv[1]) : nullptr;
+    auto* const file = openHelpFile(path);
     if (!file)
         return 1;
     constexpr int manyBlocks = 256; // the files do not lie in the order of their names

@@ -2,23 +2,16 @@
 
 #include "desktop/device_pixels.h"
 #include "desktop/icons.h"
+#include "desktop/metafile.h"
 #include "desktop/text.h"
 #include "platform/base.h"
 
-#include <QDataStream>
-#include <QEventLoop>
-#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 #include <QPixmap>
-#include <QProcess>
-#include <QStringList>
-#include <QTemporaryDir>
-#include <QTimer>
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -65,73 +58,11 @@ QImage readImage(QString const& path) {
     return image;
 }
 
-/// The size that a metafile says it has, in pixels at 96 dots an inch; empty when it does not say.
-QSize sizeOfMetafile(QString const& path) {
-    struct Header {
-        quint32 key;
-        quint16 handle;
-        qint16 left, top, right, bottom;
-        quint16 unitsPerInch;
-    };
-    constexpr quint32 known = 0x9ac6cdd7;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QDataStream stream(&file);
-    stream.setByteOrder(QDataStream::LittleEndian);
-    Header header{};
-    stream >> header.key >> header.handle >> header.left >> header.top >> header.right >>
-        header.bottom >> header.unitsPerInch;
-    if (stream.status() != QDataStream::Ok || header.key != known || header.unitsPerInch == 0)
-        return {};
-    auto const pixels = [&](int from, int to) {
-        return std::abs(to - from) * 96 / header.unitsPerInch;
-    };
-    return {pixels(header.left, header.right), pixels(header.top, header.bottom)};
-}
-
-/// Runs the converter of metafiles. What has nothing to do with a user's input goes on meanwhile,
-/// the painting of the windows above all.
-void convert(QStringList const& words) {
-    constexpr int patience = 1500;   // milliseconds
-    constexpr int untilKilled = 300; // milliseconds
-    QProcess converter;
-    converter.setStandardInputFile(QProcess::nullDevice());
-    converter.setStandardOutputFile(QProcess::nullDevice());
-    converter.setStandardErrorFile(QProcess::nullDevice());
-    QEventLoop waiting;
-    QObject::connect(&converter, &QProcess::finished, &waiting, &QEventLoop::quit);
-    QObject::connect(&converter, &QProcess::errorOccurred, &waiting, &QEventLoop::quit);
-    QTimer::singleShot(patience, &waiting, &QEventLoop::quit);
-    converter.start(QStringLiteral("wmf2gd"), words);
-    if (converter.state() != QProcess::NotRunning)
-        waiting.exec(QEventLoop::ExcludeUserInputEvents);
-    if (converter.error() == QProcess::FailedToStart)
-        throw RuntimeError(ErrorNumber::invalid_picture,
-                           "Kuvatyypin muunninohjelma wmf2gd puuttuu");
-    if (converter.state() != QProcess::NotRunning) {
-        converter.kill();
-        converter.waitForFinished(untilKilled);
-        throw RuntimeError(ErrorNumber::invalid_picture, "Kuvan muuntaminen kestää liian kauan");
-    }
-}
-
-/// Metafiles are drawings of another system; a converter beside the program makes pixels of them.
-QImage readMetafile(QString const& path) {
-    constexpr int largest = 3000; // pixels, as large as a card can be
-    QTemporaryDir const folder;
-    auto const drawn = folder.filePath(QStringLiteral("picture.png"));
-    auto size = sizeOfMetafile(path);
-    QStringList words{QStringLiteral("-t"), QStringLiteral("png"), QStringLiteral("-o"), drawn};
-    if (size.isEmpty())
-        size = {largest, largest};
-    else
-        words.append(QStringLiteral("--maxpect"));
-    size = size.boundedTo({largest, largest});
-    words.append({QStringLiteral("--maxwidth=%1").arg(size.width()),
-                  QStringLiteral("--maxheight=%1").arg(size.height()), path});
-    convert(words);
-    return readImage(drawn);
+QImage metafile(QString const& path) {
+    auto const image = readMetafile(path);
+    if (image.isNull())
+        throw noPicture();
+    return image;
 }
 
 QPixmap const* pixmapOf(platform::Picture const& picture) {
@@ -148,7 +79,7 @@ platform::Picture loadPicture(std::string const& path) {
         throw RuntimeError(ErrorNumber::file_not_found);
     auto const absolute = file.absoluteFilePath();
     auto pixmap = std::make_shared<QPixmap>(
-        QPixmap::fromImage(isMetafile(path) ? readMetafile(absolute) : readImage(absolute)));
+        QPixmap::fromImage(isMetafile(path) ? metafile(absolute) : readImage(absolute)));
     platform::Size const size{double(pixmap->width()), double(pixmap->height())};
     return platform::Picture::loaded(path, size, std::move(pixmap));
 }

@@ -10,6 +10,7 @@
 #include "desktop/pictures.h"
 #include "desktop/plain_windows.h"
 #include "desktop/text.h"
+#include "disk/disk.h"
 #include "platform/system.h"
 
 #include "rescue/store.h"
@@ -21,7 +22,6 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QScreen>
-#include <QStandardPaths>
 #include <QUrl>
 
 #include <algorithm>
@@ -249,10 +249,9 @@ platform::Control* QtHost::controlOf(QWidget& widget, QPoint point) const {
 }
 
 std::string QtHost::settings_folder() const {
-    auto const folder =
-        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/kehystin/";
-    QDir().mkpath(folder);
-    return fromQt(folder);
+    auto folder = disk::settings_folder();
+    QDir().mkpath(toQt(folder));
+    return folder;
 }
 
 std::string QtHost::program_folder() const {

@@ -1,0 +1,63 @@
+#include "windows/registration.h"
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <string>
+
+namespace windows {
+
+namespace {
+
+std::wstring const classes = L"Software\\Classes\\";
+std::wstring const ending = classes + L".krt";
+std::wstring const kind = L"Kehystin.Card";
+std::wstring const kindKey = classes + kind;
+
+bool put(std::wstring const& key, wchar_t const* name, std::wstring const& text) {
+    auto const bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+    return RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), name, REG_SZ, text.c_str(), bytes) ==
+           ERROR_SUCCESS;
+}
+
+std::wstring textOf(std::wstring const& key) {
+    wchar_t text[64] = {};
+    DWORD bytes = sizeof text;
+    RegGetValueW(HKEY_CURRENT_USER, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, text, &bytes);
+    return text;
+}
+
+bool remove(std::wstring const& key) {
+    auto const result = RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str());
+    return result == ERROR_SUCCESS || result == ERROR_FILE_NOT_FOUND;
+}
+
+std::wstring ownPath() {
+    std::wstring path(32768, L'\0'); // as long as any path can be
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path;
+}
+
+int told(bool done) {
+    SHChangeNotify(SHCNE_ASSOCCHANGED, SHCNF_IDLIST, nullptr, nullptr);
+    return done ? 0 : 1;
+}
+
+} // namespace
+
+int registerCards() {
+    auto const program = L"\"" + ownPath() + L"\"";
+    return told(put(kindKey, nullptr, L"Korttimalli") &&
+                put(kindKey + L"\\DefaultIcon", nullptr, program + L",0") &&
+                put(kindKey + L"\\shell\\open\\command", nullptr, program + L" -- \"%1\"") &&
+                put(ending, nullptr, kind));
+}
+
+int unregisterCards() {
+    // Who opens the files by now may be another program.
+    bool const ours = textOf(ending) == kind;
+    return told((!ours || remove(ending)) && remove(kindKey));
+}
+
+} // namespace windows

@@ -128,9 +128,13 @@ void SessionHost::show_modal(platform::Form& form) {
             // Something stood in the way: a user would have noticed.
         }
     }
+    std::vector<platform::Button*> ends; // a press may make and take away other controls
     for (auto* const control : form.controls())
         if (auto* const button = dynamic_cast<platform::Button*>(control);
-            button && !form.is_closing() && (bytes_.one_in(2) ? button->Default : button->Cancel) &&
+            button && (button->Default || button->Cancel))
+            ends.push_back(button);
+    for (auto* const button : ends)
+        if (!form.is_closing() && (bytes_.one_in(2) ? button->Default : button->Cancel) &&
             button->is_shown() && button->is_enabled())
             input::click(*button);
     if (!form.is_closing())

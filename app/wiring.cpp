@@ -151,6 +151,7 @@ void wire_editor_form() {
     form.cmd_close_pro.Click = cmd_proBar_Click;
     wire_field_bar(form);
     wire_panel();
+    form.cmb_field.AddByKey = add_to_selection;
     form.startFocus.Tick = startFocus_Timer;
     form.closeTimer.Tick = closeTimer_Timer;
     form.paintTimer.Tick = paintTimer_Timer;

@@ -7,6 +7,7 @@
 #include "platform/base.h"
 
 #include <QColorDialog>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QFileIconProvider>
@@ -200,6 +201,9 @@ std::string askFile(QWidget* owner, platform::CommonDialog const& settings, File
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("&Peruuta"));
     if (auto const folder = firstFolder(settings); !folder.isEmpty())
         dialog.setDirectory(folder);
+    // Its caption stands beside it, and is no caption of it to a reader.
+    if (auto* const kind = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo")))
+        kind->setAccessibleName(dialog.labelText(QFileDialog::FileType).remove(u'&'));
     // By itself it may come up taller than a small screen.
     constexpr QSize ordinary(620, 440);
     auto const room = roomFor(owner).marginsRemoved(frameFor(owner)).size();

@@ -1,5 +1,6 @@
 #include "desktop/button_widgets.h"
 
+#include "desktop/control_painter.h"
 #include "desktop/device_pixels.h"
 #include "desktop/drag.h"
 #include "desktop/keyboard.h"
@@ -31,14 +32,6 @@ void takeOverCaption(QAbstractButton& widget, std::string_view caption) {
     }
 }
 
-void drawArrowhead(QPainter& painter, QPointF middle, QColor const& colour) {
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
-    painter.drawPolygon(QPolygonF(
-        {middle + QPointF(-3.5, -1.5), middle + QPointF(3.5, -1.5), middle + QPointF(0, 2)}));
-}
-
 template <class Widget>
 void sendClicks(Widget& widget, EventGate& gate) {
     QObject::connect(&widget, &QAbstractButton::clicked, &widget, [&widget, &gate] {
@@ -53,7 +46,13 @@ ButtonWidget::ButtonWidget(platform::Button& button, QWidget& parent, EventGate&
     : QAbstractButton(&parent), ControlWidget(button, gate) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
-    sendClicks(*this, gate);
+    connect(this, &QAbstractButton::clicked, this, [this] {
+        // A press without mouse or key is a screen reader's.
+        if (this->button() && this->button()->ByKey && !releasesMouse_)
+            pressByKey();
+        else if (this->button())
+            this->gate().run([&] { platform::input::click(*this->button()); });
+    });
 }
 
 void ButtonWidget::takeOver() {
@@ -100,7 +99,7 @@ void ButtonWidget::paintSmall(QPainter& painter) {
                palette().color(showsFocus(*this) ? QPalette::Highlight : QPalette::Dark));
     auto const ink = palette().color(QPalette::ButtonText);
     if (text() == QStringLiteral("▾")) {
-        drawArrowhead(painter, QRectF(rect()).center(), ink); // not every font has the sign
+        paintArrowhead(painter, QRectF(rect()).center(), ink); // not every font has the sign
         return;
     }
     painter.setPen(ink);
@@ -149,7 +148,11 @@ void ButtonWidget::mouseMoveEvent(QMouseEvent* event) {
 void ButtonWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
         endPress();
+    QPointer<ButtonWidget> const alive(this);
+    releasesMouse_ = true;
     QAbstractButton::mouseReleaseEvent(event);
+    if (alive)
+        releasesMouse_ = false;
 }
 
 /// For the program the press ends beside the button, as no click: that is for the widget to tell,
@@ -180,9 +183,13 @@ void ButtonWidget::keyPressEvent(QKeyEvent* event) {
     bool const enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     bool const blank = event->key() == Qt::Key_Space && button() && button()->ByKey;
     if ((enter || blank) && button())
-        gate().run([&] { platform::input::press(*button(), platform::Key::enter); });
+        pressByKey();
     else
         QAbstractButton::keyPressEvent(event);
+}
+
+void ButtonWidget::pressByKey() {
+    gate().run([&] { platform::input::press(*button(), platform::Key::enter); });
 }
 
 CheckBoxWidget::CheckBoxWidget(platform::CheckBox& box, QWidget& parent, EventGate& gate)

@@ -31,11 +31,13 @@ class ButtonWidget : public QAbstractButton, public ControlWidget {
     platform::Button* button() const { return static_cast<platform::Button*>(control()); }
     void endPress();
     void drag();
+    void pressByKey();
     void paintFlat(QPainter& painter);
     void paintSmall(QPainter& painter);
     void paintRaised(QPainter& painter);
 
     std::optional<QPoint> pressedAt_; // until released or dragged
+    bool releasesMouse_ = false;      // while Qt looks whether a release was a click
 };
 
 class CheckBoxWidget : public QCheckBox, public ControlWidget {

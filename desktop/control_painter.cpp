@@ -153,13 +153,14 @@ void paintComboBox(QPainter& painter, platform::ComboBox const& box, QRect const
     auto const inside = drawField(painter, box, place);
     auto arrow = inside;
     arrow.setLeft(std::max(inside.left(), inside.right() - scrollBarWidth + 1));
-    QStyleOption option;
-    setUp(option, box, arrow.adjusted(5, 4, -4, -4));
-    option.palette = paletteOf(groundOf(box));
-    painter.fillRect(arrow, option.palette.color(QPalette::Button));
-    painter.fillRect(arrow.left(), arrow.top(), 1, arrow.height(),
-                     option.palette.color(QPalette::Dark));
-    style().drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter);
+    auto const palette = paletteOf(groundOf(box));
+    painter.fillRect(arrow, palette.color(QPalette::Button));
+    painter.fillRect(arrow.left(), arrow.top(), 1, arrow.height(), palette.color(QPalette::Dark));
+    painter.save();
+    clipToPixels(painter, arrow);
+    paintArrowhead(painter, QRectF(arrow.adjusted(1, 0, 0, 0)).center(),
+                   palette.color(QPalette::ButtonText));
+    painter.restore();
     setTextPen(painter, box);
     auto const field = inside.adjusted(fieldMargin, 0, -arrow.width(), 0);
     drawClipped(painter, field, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
@@ -258,6 +259,16 @@ void paintLine(QPainter& painter, platform::Line const& line) {
     };
     painter.setPen(toColour(line.BorderColor, groundOf(line)));
     painter.drawLine(pixels(line.X1), pixels(line.Y1), pixels(line.X2), pixels(line.Y2));
+}
+
+void paintArrowhead(QPainter& painter, QPointF middle, QColor const& colour) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawPolygon(QPolygonF(
+        {middle + QPointF(-3.5, -1.5), middle + QPointF(3.5, -1.5), middle + QPointF(0, 2)}));
+    painter.restore();
 }
 
 QRect lineBounds(platform::Line const& line) {

@@ -4,8 +4,10 @@
 
 #include "platform/controls.h"
 
+#include <QPointF>
 #include <QRect>
 
+class QColor;
 class QPainter;
 
 namespace desktop {
@@ -23,6 +25,10 @@ void paintShape(QPainter& painter, platform::Shape const& shape, QRect const& pl
 void paintLine(QPainter& painter, platform::Line const& line);
 /// The pixels that a line can touch.
 QRect lineBounds(platform::Line const& line);
+
+/// The sign of what opens a list, and the same to the pixel whatever the clip: the style's own is a
+/// picture, which a clip leaves a shade different where a scale is no whole number.
+void paintArrowhead(QPainter& painter, QPointF middle, QColor const& colour);
 
 /// Any control as it looks on a card, drawn with the style's own parts.
 void paintControl(QPainter& painter, platform::Control const& control, QRect const& place);

@@ -11,6 +11,16 @@
 
 namespace desktop {
 
+namespace {
+
+bool addsByKey(QKeyEvent const& event) {
+    bool const isKey = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter ||
+                       event.key() == Qt::Key_Space;
+    return isKey && (event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
+}
+
+} // namespace
+
 bool ListItems::takeOver(platform::ListControl const& list) {
     QStringList wanted;
     wanted.reserve(list.ListCount());
@@ -58,16 +68,35 @@ ComboBoxWidget::ComboBoxWidget(platform::ComboBox& box, QWidget& parent, EventGa
     setModel(&items_);
     letCombosSpeak();
     connect(this, &QComboBox::activated, this, [this](int index) {
-        if (auto* const list = static_cast<platform::ComboBox*>(control()))
-            this->gate().run([&] { platform::input::pick(*list, index); });
+        if (this->box())
+            this->gate().run([&] { platform::input::pick(*this->box(), index); });
     });
 }
 
 void ComboBoxWidget::takeOver() {
-    auto const& box = static_cast<platform::ComboBox const&>(*control());
-    takeOverLook(box);
-    items_.takeOver(box);
-    setCurrentIndex(box.ListIndex);
+    takeOverLook(*box());
+    items_.takeOver(*box());
+    setCurrentIndex(box()->ListIndex);
+}
+
+void ComboBoxWidget::showPopup() {
+    // What is installed last sees the keys of the open list first.
+    if (box() && box()->AddByKey)
+        view()->installEventFilter(this);
+    QComboBox::showPopup();
+}
+
+bool ComboBoxWidget::eventFilter(QObject* watched, QEvent* event) {
+    // The list chooses by Enter before it comes as a key.
+    bool const isFirst = event->type() == QEvent::ShortcutOverride;
+    if ((!isFirst && event->type() != QEvent::KeyPress) ||
+        !addsByKey(*static_cast<QKeyEvent*>(event)))
+        return QComboBox::eventFilter(watched, event);
+    event->accept();
+    auto const line = view()->currentIndex();
+    if (!isFirst && line.isValid() && box())
+        gate().run([&] { platform::input::pick_also(*box(), line.row()); });
+    return true;
 }
 
 void ComboBoxWidget::wheelEvent(QWheelEvent* event) {

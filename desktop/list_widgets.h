@@ -34,11 +34,15 @@ class ComboBoxWidget : public QComboBox, public ControlWidget {
 
     QWidget& widget() override { return *this; }
     void takeOver() override;
+    void showPopup() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
     void wheelEvent(QWheelEvent* event) override;
 
   private:
+    platform::ComboBox* box() const { return static_cast<platform::ComboBox*>(control()); }
+
     ListItems items_;
 };
 

@@ -93,10 +93,15 @@ void PaintedWidget::paintEvent(QPaintEvent*) {
 /// Only a link has the keyboard.
 void PaintedWidget::keyPressEvent(QKeyEvent* event) {
     bool const enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && control())
-        gate().run([&] { platform::input::press(*control(), platform::Key::enter); });
+    if (enter)
+        pressByKey();
     else
         QWidget::keyPressEvent(event);
+}
+
+void PaintedWidget::pressByKey() {
+    if (control())
+        gate().run([&] { platform::input::press(*control(), platform::Key::enter); });
 }
 
 bool PaintedWidget::takesMouse() const {

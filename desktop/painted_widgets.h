@@ -18,6 +18,8 @@ class PaintedWidget : public QLabel, public ControlWidget {
 
     QWidget& widget() override { return *this; }
     void takeOver() override;
+    /// What Enter does to a link.
+    void pressByKey();
 
   protected:
     bool event(QEvent* event) override;

@@ -2,14 +2,17 @@
 
 #include "desktop/device_pixels.h"
 #include "desktop/keyboard.h"
+#include "desktop/spoken_arrows.h"
 #include "desktop/text.h"
 #include "platform/input.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace desktop {
 
@@ -53,12 +56,26 @@ void ScrollBarWidget::takeOver() {
 
 ArrowPair::ArrowPair(platform::ScrollBar& bar, QWidget& parent, EventGate& gate)
     : QWidget(&parent), ControlWidget(bar, gate) {
+    letArrowsSpeak();
     constexpr int repeatDelay = 60; // milliseconds between steps while an arrow is held
     repeat_.setInterval(repeatDelay);
     repeat_.callOnTimeout(this, [this] {
         repeat_.setInterval(repeatDelay);
         step(held_);
     });
+}
+
+void ArrowPair::takeOver() {
+    auto const value = barOf(control()).Value.get();
+    if (std::exchange(told_, value) == value || !QAccessible::isActive())
+        return;
+    QAccessibleValueChangeEvent changed(this, value);
+    QAccessible::updateAccessibility(&changed);
+}
+
+void ArrowPair::scrollTo(int value) {
+    if (control())
+        gate().run([&] { platform::input::scroll(barOf(control()), value); });
 }
 
 void ArrowPair::step(Arrow arrow) {

@@ -6,6 +6,8 @@
 #include <QScrollBar>
 #include <QTimer>
 
+#include <optional>
+
 namespace desktop {
 
 /// Tells the value that the user wants, and shows the one that the program has. Min may be larger
@@ -31,7 +33,9 @@ class ArrowPair : public QWidget, public ControlWidget {
     ArrowPair(platform::ScrollBar& bar, QWidget& parent, EventGate& gate);
 
     QWidget& widget() override { return *this; }
-    void takeOver() override {}
+    void takeOver() override;
+    /// The user takes the bar to a value from Min to Max.
+    void scrollTo(int value);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -48,6 +52,7 @@ class ArrowPair : public QWidget, public ControlWidget {
     void hold(Arrow arrow);
 
     Arrow held_ = Arrow::none;
+    std::optional<int> told_; // the value that screen readers know
     QTimer repeat_;
 };
 

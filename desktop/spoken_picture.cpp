@@ -14,10 +14,25 @@ QAccessible::Role roleOf(platform::Control const* control) {
     return box && !box->Picture.get().empty() ? QAccessible::Graphic : QAccessible::Pane;
 }
 
+class SpokenLink : public QAccessibleWidget {
+  public:
+    explicit SpokenLink(PaintedWidget& link) : QAccessibleWidget(&link, QAccessible::Link) {}
+
+    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    void doAction(QString const& action) override {
+        if (action == pressAction())
+            static_cast<PaintedWidget&>(*widget()).pressByKey();
+        else
+            QAccessibleWidget::doAction(action);
+    }
+};
+
 QAccessibleInterface* makeSpoken(QString const&, QObject* object) {
     auto* const painted = dynamic_cast<PaintedWidget*>(object);
-    if (!painted || dynamic_cast<platform::Label*>(painted->control()))
+    if (!painted)
         return nullptr;
+    if (auto const* const label = dynamic_cast<platform::Label*>(painted->control()))
+        return label->is_link ? new SpokenLink(*painted) : nullptr;
     return new QAccessibleWidget(painted, roleOf(painted->control()));
 }
 

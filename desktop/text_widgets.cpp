@@ -76,6 +76,11 @@ bool TextInput::sendKey(QKeyEvent const& event) {
     switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
+        // What a double click does in a row has no other key.
+        if (event.modifiers() == Qt::AltModifier && box()->DblClick) {
+            gate().run([&] { input::double_click(*box()); });
+            return true;
+        }
         return box()->MultiLine ? false : press(platform::Key::enter);
     case Qt::Key_Escape:
         return press(platform::Key::escape);

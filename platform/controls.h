@@ -167,6 +167,10 @@ class ListControl : public TextControl {
 class ComboBox : public ListControl {
   public:
     using ListControl::ListControl;
+    /// Ctrl with Enter or a blank on a line of the open list does this with its index, and chooses
+    /// nothing.
+    Event AddByKey;
+
     ControlClass control_class() const override { return ControlClass::combo_box; }
     std::span<PropertyEntry const> properties() const override;
 };

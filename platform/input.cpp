@@ -396,6 +396,16 @@ void pick(ListControl& list, int index) {
     });
 }
 
+bool pick_also(ComboBox& box, int index) {
+    require_reachable(box);
+    if (index < 0 || index >= box.ListCount())
+        refuse(box, "has no item ", std::to_string(index));
+    if (!box.AddByKey)
+        return false;
+    System::at_edge([&] { box.AddByKey(index); });
+    return true;
+}
+
 void scroll(ScrollBar& bar, int value) {
     require_reachable(bar);
     auto const [least, most] = std::minmax({bar.Min.get(), bar.Max.get()});

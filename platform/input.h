@@ -59,6 +59,9 @@ void paste(TextBox& box, std::string_view text, std::optional<int> caret = std::
 void select(TextBox& box, int start, int length);
 
 void pick(ListControl& list, int index);
+/// The user adds a line of an open list to what is chosen, by `AddByKey`. False where the box has
+/// no such thing.
+bool pick_also(ComboBox& box, int index);
 /// The user takes the bar to a value from Min to Max.
 void scroll(ScrollBar& bar, int value);
 /// The user moves the bar by small changes towards its Max (towards its Min when negative), not

@@ -122,6 +122,11 @@ void set_focus(int index) {
     set_pro();
 }
 
+void add_to_selection(int number) {
+    if (!session.pro_updating && number >= 1 && number <= card.fields)
+        set_focus(number);
+}
+
 void zip_focus() {
     for (int i = 0; i <= card.fields; ++i) {
         if (!fCard->focus.has(i))

@@ -9,6 +9,9 @@ using platform::MouseArguments;
 
 /// Adds field `index` to the selection: its frame shows above everything, and the panel follows.
 void set_focus(int index);
+/// The same for a number that may be none of a field's, as from a list in which the card stands
+/// too.
+void add_to_selection(int number);
 /// Takes every selection away and ends every drag: all frames, the card's and the rubber band hide.
 void zip_focus();
 

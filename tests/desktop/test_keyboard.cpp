@@ -6,6 +6,8 @@
 #include "surface/adding.h"
 #include "tests/desktop/mouse_program.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTreeWidget>
@@ -228,6 +230,54 @@ TEST_F(Keyboard, EveryCommandOfTheMenusIsReached) {
         look(top->menu()->actions());
     EXPECT_GT(commands, 25);
     EXPECT_EQ(missing.toStdString(), "");
+}
+
+TEST_F(Keyboard, TheOpenListOfFieldsAddsToTheSelection) {
+    start(QStringLiteral("examples/asiakkaat.krt"));
+    fEditor->cmb_field.SetFocus();
+    QCoreApplication::processEvents();
+    auto& box = dynamic_cast<QComboBox&>(widget("cmb_field"));
+    auto const selected = [] {
+        std::vector<int> numbers;
+        for (int i = 0; i <= card.fields; ++i)
+            if (fCard->is_selected(i))
+                numbers.push_back(i);
+        return numbers;
+    };
+    auto const open_at = [&](int line) {
+        box.showPopup();
+        box.view()->setCurrentIndex(box.model()->index(line, 0));
+    };
+    open_at(3);
+    QTest::keyClick(box.view(), Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(selected(), std::vector({3}));
+    EXPECT_FALSE(fEditor->cmd_align_left.Enabled && fEditor->cmd_valign_top.Enabled);
+    open_at(5);
+    QTest::keyClick(box.view(), Qt::Key_Return, Qt::ControlModifier);
+    QTest::keyClick(box.view(), Qt::Key_Down);
+    QTest::keyClick(box.view(), Qt::Key_Down);
+    QTest::keyClick(box.view(), Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_TRUE(box.view()->isVisible());
+    QTest::keyClick(box.view(), Qt::Key_Home);
+    QTest::keyClick(box.view(), Qt::Key_Return, Qt::ControlModifier); // the card is no field
+    QTest::keyClick(box.view(), Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(selected(), std::vector({3, 5, 7}));
+    window()->activateWindow(); // as a window manager does when a list has closed
+    ASSERT_TRUE(soon([] { return QApplication::focusWidget() != nullptr; }));
+    press_key(Qt::Key_L, Qt::ControlModifier);
+    EXPECT_EQ(field(5).left, field(3).left);
+    EXPECT_EQ(field(7).left, field(3).left);
+}
+
+TEST_F(Keyboard, WhatADoubleClickDoesInARowAltEnterDoesToo) {
+    start(QStringLiteral("examples/asiakkaat.krt"));
+    fEditor->txt_transp.SetFocus();
+    QCoreApplication::processEvents();
+    auto const before = card.transp;
+    press_key(Qt::Key_Return, Qt::AltModifier);
+    EXPECT_NE(card.transp, before);
 }
 
 TEST_F(Keyboard, EveryPartOfTheDialogsIsReachedAndSeen) {

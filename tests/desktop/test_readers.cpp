@@ -10,6 +10,8 @@
 
 #include <QAccessible>
 #include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QTreeWidget>
 
 #include <chrono>
@@ -37,7 +39,8 @@ QString nameless(QWidget& window) {
     QString found;
     int focusable = 0;
     for (auto* const one : window.findChildren<QWidget*>()) {
-        if (!one->isVisible() || one->focusPolicy() == Qt::NoFocus)
+        bool const stands_for_another = one->focusProxy() != nullptr;
+        if (!one->isVisible() || one->focusPolicy() == Qt::NoFocus || stands_for_another)
             continue;
         ++focusable;
         auto const name = name_of(*one);
@@ -228,6 +231,53 @@ TEST_F(Readers, ABoxIsReadWhole) {
                 EXPECT_FALSE(found->text(QAccessible::Name).isEmpty());
             });
     in_dialog([&] { desktop::askText(window(), "Muuta arvo", " Lista", "yksi"); }, [](QWidget&) {});
+}
+
+TEST_F(Readers, TheDialogsOfTheSystemHaveNames) {
+    start();
+    in_dialog([&] { EXPECT_THROW(desktop::askColour(window(), 0), std::exception); },
+              [](QWidget&) {});
+    platform::CommonDialog dialog;
+    in_dialog(
+        [&] {
+            EXPECT_THROW(desktop::askFile(window(), dialog, desktop::FileTask::open),
+                         std::exception);
+        },
+        [](QWidget&) {});
+}
+
+TEST_F(Readers, WhatHasNoWidgetOfItsOwnKindSaysWhatItIsAndCanBeUsed) {
+    start(QStringLiteral("examples/asiakkaat.krt"));
+    in_entry("Asetukset...", [](QWidget& dialog) {
+        auto* const arrows = QAccessible::queryAccessibleInterface(
+            dialog.findChild<QWidget*>(QStringLiteral("scr_grid_X")));
+        auto* const text = dialog.findChild<QLineEdit*>(QStringLiteral("txt_grid_X"));
+        EXPECT_EQ(arrows->role(), QAccessible::SpinBox);
+        auto* const value = arrows->valueInterface();
+        ASSERT_TRUE(value);
+        EXPECT_EQ(value->currentValue().toString(), text->text());
+        EXPECT_LT(value->minimumValue().toInt(), value->maximumValue().toInt());
+        value->setCurrentValue(17);
+        EXPECT_EQ(text->text(), QStringLiteral("17"));
+        value->setCurrentValue(100'000);
+        EXPECT_EQ(text->text(), value->maximumValue().toString());
+    });
+    in_entry("Info...", [](QWidget& dialog) {
+        int links = 0;
+        for (auto* const one : dialog.findChildren<QLabel*>()) {
+            auto* const spoken = QAccessible::queryAccessibleInterface(one);
+            bool const is_link = one->focusPolicy() != Qt::NoFocus;
+            EXPECT_EQ(spoken->role() == QAccessible::Link, is_link);
+            links += is_link;
+        }
+        EXPECT_GT(links, 0);
+    });
+    auto const before = card.fields;
+    auto* const button = QAccessible::queryAccessibleInterface(&widget("drag_chk"));
+    button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(soon([&] { return card.fields == before + 1; })); // it shows as pressed first
+    QTest::mouseClick(&widget("drag_chk"), Qt::LeftButton);       // it is for dragging
+    EXPECT_EQ(card.fields, before + 1);
 }
 
 TEST_F(Readers, TheCardIsACanvasWithItsFieldsOnIt) {

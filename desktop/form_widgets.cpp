@@ -4,7 +4,7 @@
 #include "desktop/keyboard.h"
 #include "desktop/mouse.h"
 #include "desktop/painted_widgets.h"
-#include "desktop/spoken_picture.h"
+#include "desktop/spoken_painted.h"
 #include "desktop/text.h"
 #include "platform/input.h"
 #include "platform/system.h"
@@ -31,7 +31,7 @@ bool hasWidget(platform::Control const& control) {
 
 FormWidgets::FormWidgets(platform::Form& form, QWidget& surface, EventGate& gate)
     : form_(form), surface_(surface), gate_(gate) {
-    letPicturesSpeak();
+    letPaintedSpeak();
 }
 
 void FormWidgets::showAll() {

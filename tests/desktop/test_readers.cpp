@@ -272,6 +272,9 @@ TEST_F(Readers, WhatHasNoWidgetOfItsOwnKindSaysWhatItIsAndCanBeUsed) {
         }
         EXPECT_GT(links, 0);
     });
+    auto* const bar = QAccessible::queryAccessibleInterface(&widget("stsBar"));
+    EXPECT_EQ(bar->role(), QAccessible::StatusBar);
+    EXPECT_FALSE(bar->text(QAccessible::Name).isEmpty());
     auto const before = card.fields;
     auto* const button = QAccessible::queryAccessibleInterface(&widget("drag_chk"));
     button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());

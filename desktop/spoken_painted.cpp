@@ -1,4 +1,4 @@
-#include "desktop/spoken_picture.h"
+#include "desktop/spoken_painted.h"
 
 #include "desktop/painted_widgets.h"
 
@@ -28,6 +28,8 @@ class SpokenLink : public QAccessibleWidget {
 };
 
 QAccessibleInterface* makeSpoken(QString const&, QObject* object) {
+    if (auto* const bar = dynamic_cast<StatusBarWidget*>(object))
+        return new QAccessibleWidget(bar, QAccessible::StatusBar);
     auto* const painted = dynamic_cast<PaintedWidget*>(object);
     if (!painted)
         return nullptr;
@@ -38,7 +40,7 @@ QAccessibleInterface* makeSpoken(QString const&, QObject* object) {
 
 } // namespace
 
-void letPicturesSpeak() {
+void letPaintedSpeak() {
     QAccessible::installFactory(makeSpoken);
 }
 

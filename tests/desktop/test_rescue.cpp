@@ -13,8 +13,12 @@ namespace kehystin {
 class RealRescue : public RealProgram {
   protected:
     QStringList kept() const {
-        return QDir(folder.filePath(QStringLiteral("state/kehystin")))
-            .entryList({QStringLiteral("*.work")}, QDir::Files);
+#ifdef Q_OS_WIN
+        auto const where = QStringLiteral("state/kehystin/rescue");
+#else
+        auto const where = QStringLiteral("state/kehystin");
+#endif
+        return QDir(folder.filePath(where)).entryList({QStringLiteral("*.work")}, QDir::Files);
     }
 };
 

@@ -84,6 +84,17 @@ bool is_ascii(std::string_view text) {
     return true;
 }
 
+/// How much of a path is not the file's own name.
+std::size_t folder_length(std::string_view path) {
+    if (auto const separator = path.find_last_of("\\/"); separator != std::string_view::npos)
+        return separator + 1;
+#ifdef _WIN32
+    if (path.size() > 1 && path[1] == ':')
+        return 2; // the folder that the drive is in
+#endif
+    return 0;
+}
+
 } // namespace
 
 std::string to_code_page(std::string_view utf8) {
@@ -178,17 +189,15 @@ std::string in_one_line(std::string_view text) {
 }
 
 std::string file_part(std::string_view path) {
-    auto const separator = path.find_last_of("\\/");
-    return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
+    return std::string(path.substr(folder_length(path)));
 }
 
 std::string folder_part(std::string_view path) {
-    auto const separator = path.find_last_of("\\/");
-    return std::string(separator == std::string_view::npos ? "" : path.substr(0, separator + 1));
+    return std::string(path.substr(0, folder_length(path)));
 }
 
 std::string with_separator(std::string folder) {
-    if (folder.empty() || (folder.back() != '\\' && folder.back() != '/'))
+    if (folder.empty() || folder_length(folder) != folder.size())
         folder += '/';
     return folder;
 }

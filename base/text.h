@@ -45,9 +45,10 @@ inline bool contains(std::string_view text, std::string_view part) {
     return text.find(part) != std::string_view::npos;
 }
 
-/// What stands behind the last '\' or '/' of a path: the file's own name.
+/// What stands behind the last '\' or '/' of a path: the file's own name. On Windows the colon of a
+/// drive parts too.
 std::string file_part(std::string_view path);
-/// The path up to its last '\' or '/', that one included; empty when there is none.
+/// The path up to there, what parts included; empty when there is nothing that parts.
 std::string folder_part(std::string_view path);
 /// The folder with a closing separator, which is added only if it is missing.
 std::string with_separator(std::string folder);

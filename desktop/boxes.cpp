@@ -213,7 +213,7 @@ std::string askFile(QWidget* owner, platform::CommonDialog const& settings, File
     auto const chosen = dialog.selectedFiles().constFirst();
     // Not the folder that the dialog shows: a name may be typed with the path to another.
     lastFolder() = QFileInfo(chosen).absolutePath();
-    return fromQt(chosen);
+    return fromQt(QDir::toNativeSeparators(chosen));
 }
 
 platform::Colour askColour(QWidget* owner, platform::Colour start) {

@@ -88,8 +88,11 @@ void setInterfaceFont(QFont const& desktop) {
     auto& face = interfaceFace();
     face = {};
     auto const family = desktop.family();
-    bool const any = family.isEmpty() || family == QLatin1String("Sans") ||
-                     family == QLatin1String("Sans Serif");
+    // Names of no face in particular; the last two are those of Windows.
+    constexpr std::array generic = {QLatin1String("Sans"), QLatin1String("Sans Serif"),
+                                    QLatin1String("MS Shell Dlg"), QLatin1String("MS Shell Dlg 2")};
+    bool const any =
+        family.isEmpty() || std::find(generic.begin(), generic.end(), family) != generic.end();
     face.name = any ? "MS Sans Serif" : fromQt(family);
     face.size = desktop.pointSizeF() > 0 ? desktop.pointSizeF() : desktop.pixelSize() * 72.0 / 96;
     face.bold = desktop.bold();

@@ -1,5 +1,6 @@
 #include "desktop/look.h"
 
+#include "desktop/chosen_colours.h"
 #include "desktop/colours.h"
 #include "desktop/device_pixels.h"
 #include "desktop/fonts.h"
@@ -274,7 +275,8 @@ class Look : public QProxyStyle {
 /// and titles.
 void followDesktop() {
     QApplication::setPalette(QPalette()); // gives that of the desktop
-    dress(QApplication::palette(), QFontDatabase::systemFont(QFontDatabase::GeneralFont));
+    dress(coloursAreChosen() ? QApplication::palette() : QApplication::style()->standardPalette(),
+          QFontDatabase::systemFont(QFontDatabase::GeneralFont));
 }
 
 /// A theme that comes or changes after the start brings fonts of its own for menus, titles and

@@ -274,7 +274,7 @@ std::string QtHost::absolute_path(std::string const& path) const {
     auto const written = toQt(path);
     if (written.isEmpty() || QDir::isAbsolutePath(written))
         return path; // letter for letter, as the user knows it
-    return fromQt(QDir::cleanPath(QDir::current().absoluteFilePath(written)));
+    return fromQt(QDir::toNativeSeparators(QFileInfo(QDir::cleanPath(written)).absoluteFilePath()));
 }
 
 bool QtHost::open_help(std::string const& file, std::string const& topic) {

@@ -75,8 +75,15 @@ void leave_the_desktop(double detail) {
           "QT_SCREEN_SCALE_FACTORS", "QT_ENABLE_HIGHDPI_SCALING", "QT_USE_PHYSICAL_DPI",
           "QT_SCALE_FACTOR_ROUNDING_POLICY"})
         qunsetenv(name);
+#ifdef Q_OS_WIN
+    // The system's own fonts, which come without anything that is shown.
+    qputenv("QT_QPA_PLATFORM", "windows");
+    qputenv("QT_ENABLE_HIGHDPI_SCALING", "0");
+    qputenv("QT_FONT_DPI", "96");
+#else
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QPA_OFFSCREEN_NO_GLX", "1");
+#endif
     qputenv("QT_SCALE_FACTOR", QByteArray::number(detail));
     qInstallMessageHandler([](QtMsgType, QMessageLogContext const&, QString const&) {});
 }

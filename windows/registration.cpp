@@ -14,6 +14,8 @@ std::wstring const classes = L"Software\\Classes\\";
 std::wstring const ending = classes + L".krt";
 std::wstring const kind = L"Kehystin.Card";
 std::wstring const kindKey = classes + kind;
+/// Of the kind: the other that opened cards before.
+constexpr wchar_t before[] = L"Before";
 
 bool put(std::wstring const& key, wchar_t const* name, std::wstring const& text) {
     auto const bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
@@ -21,16 +23,33 @@ bool put(std::wstring const& key, wchar_t const* name, std::wstring const& text)
            ERROR_SUCCESS;
 }
 
-std::wstring textOf(std::wstring const& key) {
-    wchar_t text[64] = {};
+std::wstring textOf(std::wstring const& key, wchar_t const* name = nullptr) {
+    wchar_t text[1024] = {};
     DWORD bytes = sizeof text;
-    RegGetValueW(HKEY_CURRENT_USER, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, text, &bytes);
+    RegGetValueW(HKEY_CURRENT_USER, key.c_str(), name, RRF_RT_REG_SZ, nullptr, text, &bytes);
     return text;
 }
 
 bool remove(std::wstring const& key) {
     auto const result = RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str());
     return result == ERROR_SUCCESS || result == ERROR_FILE_NOT_FOUND;
+}
+
+/// Cards are opened by who opened them before. What others have said of them stays.
+bool giveBack() {
+    auto const other = textOf(kindKey, before);
+    if (!other.empty())
+        return put(ending, nullptr, other);
+    RegDeleteKeyValueW(HKEY_CURRENT_USER, ending.c_str(), nullptr);
+    DWORD values = 1;
+    DWORD keys = 1;
+    HKEY key = nullptr;
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, ending.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
+        return false;
+    RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr,
+                     nullptr, nullptr, nullptr);
+    RegCloseKey(key);
+    return keys != 0 || values != 0 || remove(ending);
 }
 
 std::wstring ownPath() {
@@ -48,7 +67,9 @@ int told(bool done) {
 
 int registerCards() {
     auto const program = L"\"" + ownPath() + L"\"";
-    return told(put(kindKey, nullptr, L"Korttimalli") &&
+    auto const other = textOf(ending);
+    bool const kept = other.empty() || other == kind || put(kindKey, before, other);
+    return told(kept && put(kindKey, nullptr, L"Korttimalli") &&
                 put(kindKey + L"\\DefaultIcon", nullptr, program + L",0") &&
                 put(kindKey + L"\\shell\\open\\command", nullptr, program + L" -- \"%1\"") &&
                 put(ending, nullptr, kind));
@@ -57,7 +78,7 @@ int registerCards() {
 int unregisterCards() {
     // Who opens the files by now may be another program.
     bool const ours = textOf(ending) == kind;
-    return told((!ours || remove(ending)) && remove(kindKey));
+    return told((!ours || giveBack()) && remove(kindKey));
 }
 
 } // namespace windows

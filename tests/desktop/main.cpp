@@ -1,15 +1,23 @@
-// Runs the tests inside one QApplication without a display.
+// Runs the tests inside one QApplication without a display, or on Windows on the one there is.
+#include "desktop/help_reader.h"
 #include "desktop/look.h"
 
 #include <QApplication>
 #include <QDir>
 
 #include <gtest/gtest.h>
+#include <string_view>
 
 int main(int argc, char* argv[]) {
-    testing::InitGoogleTest(&argc, argv);
+#ifdef Q_OS_WIN
+    // As the program, it reads help files in a process of the same file. Fonts come with a screen.
+    if (argc == 3 && desktop::help_reader::option == std::string_view(argv[1]))
+        return desktop::help_reader::run(argv[2]);
+#else
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
+    testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     desktop::applyLook(application);

@@ -98,6 +98,7 @@ class RealProgram : public testing::Test {
     void start(QString const& file = {}) {
         qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
         qputenv("XDG_STATE_HOME", folder.filePath(QStringLiteral("state")).toUtf8());
+        qputenv("APPDATA", folder.filePath(QStringLiteral("state")).toUtf8()); // both, on Windows
         host = make_host(file.isEmpty() ? QStringList() : QStringList(file));
         program = std::make_unique<Program>(*host);
         host->run([&] {

@@ -41,6 +41,10 @@ TEST(Text, PathsTakeEitherSeparator) {
     EXPECT_EQ(file_part("/kortit\\x/a.krt"), "a.krt");
     EXPECT_EQ(folder_part("/kortit/a.krt"), "/kortit/");
     EXPECT_EQ(folder_part("a.krt"), "");
+#ifdef _WIN32
+    EXPECT_EQ(folder_part("C:a.krt") + "|" + file_part("C:a.krt"), "C:|a.krt");
+    EXPECT_EQ(with_separator("C:"), "C:");
+#endif
     EXPECT_EQ(with_separator("C:\\win\\"), "C:\\win\\");
 }
 

@@ -77,7 +77,7 @@ bool TextInput::sendKey(QKeyEvent const& event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         // What a double click does in a row has no other key.
-        if (event.modifiers() == Qt::AltModifier && box()->DblClick) {
+        if ((event.modifiers() & ~Qt::KeypadModifier) == Qt::AltModifier && box()->DblClick) {
             gate().run([&] { input::double_click(*box()); });
             return true;
         }

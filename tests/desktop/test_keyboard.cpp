@@ -278,6 +278,8 @@ TEST_F(Keyboard, WhatADoubleClickDoesInARowAltEnterDoesToo) {
     auto const before = card.transp;
     press_key(Qt::Key_Return, Qt::AltModifier);
     EXPECT_NE(card.transp, before);
+    press_key(Qt::Key_Enter, Qt::AltModifier | Qt::KeypadModifier);
+    EXPECT_EQ(card.transp, before);
 }
 
 TEST_F(Keyboard, EveryPartOfTheDialogsIsReachedAndSeen) {

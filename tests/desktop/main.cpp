@@ -1,4 +1,4 @@
-// Runs the tests inside one QApplication without a display, or on Windows on the one there is.
+// Runs the tests inside one QApplication without a display.
 #include "desktop/help_reader.h"
 #include "desktop/look.h"
 
@@ -10,13 +10,15 @@
 
 int main(int argc, char* argv[]) {
 #ifdef Q_OS_WIN
-    // As the program, it reads help files in a process of the same file. Fonts come with a screen.
+    // As the program, it reads help files in a process of the same file.
     if (argc == 3 && desktop::help_reader::option == std::string_view(argv[1]))
         return desktop::help_reader::run(argv[2]);
-#else
+    // Without a display Qt knows no fonts of the system's by itself.
+    if (!qEnvironmentVariableIsSet("QT_QPA_FONTDIR"))
+        qputenv("QT_QPA_FONTDIR", qgetenv("WINDIR") + "\\Fonts");
+#endif
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-#endif
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

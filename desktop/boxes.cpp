@@ -20,6 +20,8 @@
 
 #include <span>
 
+#include <utility>
+
 namespace desktop {
 
 namespace {
@@ -201,9 +203,11 @@ std::string askFile(QWidget* owner, platform::CommonDialog const& settings, File
     dialog.setLabelText(QFileDialog::Reject, QStringLiteral("&Peruuta"));
     if (auto const folder = firstFolder(settings); !folder.isEmpty())
         dialog.setDirectory(folder);
-    // Its caption stands beside it, and is no caption of it to a reader.
-    if (auto* const kind = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo")))
-        kind->setAccessibleName(dialog.labelText(QFileDialog::FileType).remove(u'&'));
+    // Their captions stand beside them, and are none of theirs to a reader.
+    for (auto const& [name, caption] :
+         {std::pair("fileTypeCombo", QFileDialog::FileType), {"lookInCombo", QFileDialog::LookIn}})
+        if (auto* const box = dialog.findChild<QComboBox*>(QLatin1String(name)))
+            box->setAccessibleName(dialog.labelText(caption).remove(u'&'));
     // By itself it may come up taller than a small screen.
     constexpr QSize ordinary(620, 440);
     auto const room = roomFor(owner).marginsRemoved(frameFor(owner)).size();

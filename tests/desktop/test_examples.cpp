@@ -25,7 +25,8 @@ TEST_P(Example, StandsInItsWindowAsTheRecordsSay) {
     EXPECT_EQ(report.was_shown(), QLatin1String(GetParam()) == QLatin1String("rikki.krt"));
     ASSERT_GT(card.fields, 0);
     EXPECT_EQ(window()->windowTitle(),
-              QStringLiteral(" Kehystin 5.6 - ") + QFileInfo(path).absoluteFilePath());
+              QStringLiteral(" Kehystin 5.6 - ") +
+                  QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
 
     // The card's window has the card's size, and its name.
     auto* const card_frame = qobject_cast<QMdiSubWindow*>(card_window());

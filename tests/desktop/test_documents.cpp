@@ -148,7 +148,11 @@ QList<QUrl> urls_of(QStringList const& files) {
 TEST_F(DroppedFiles, OpenWhereverOnTheWindowTheyAreDropped) {
     auto const files = {copy_of(QStringLiteral("vanha.krt")),
                         copy_of(QStringLiteral("laskut.krt"))};
+#ifdef Q_OS_WIN // no name there has a line break
+    auto const broken = folder.filePath(QStringLiteral("rivi kaksi %20.krt"));
+#else
     auto const broken = folder.filePath(QStringLiteral("rivi\nkaksi %20.krt"));
+#endif
     QFile::copy(QStringLiteral(KEHYSTIN_SOURCES "/examples/asiakkaat.krt"), broken);
     start(QStringLiteral("examples/jasenet.krt"));
     click(middle_of(1)); // its place stands in a text box then

@@ -19,7 +19,6 @@
 #include <QStringList>
 
 #include <span>
-
 #include <utility>
 
 namespace desktop {

@@ -1,6 +1,7 @@
 #include "desktop/spoken_arrows.h"
 
 #include "desktop/scroll_widgets.h"
+#include "desktop/spoken.h"
 
 #include <QAccessibleWidget>
 
@@ -40,15 +41,10 @@ class SpokenArrows : public QAccessibleWidget, public QAccessibleValueInterface 
     }
 };
 
-QAccessibleInterface* makeSpoken(QString const&, QObject* object) {
-    auto* const arrows = dynamic_cast<ArrowPair*>(object);
-    return arrows ? new SpokenArrows(*arrows) : nullptr;
-}
-
 } // namespace
 
 void letArrowsSpeak() {
-    QAccessible::installFactory(makeSpoken);
+    letSpeak<ArrowPair, SpokenArrows>();
 }
 
 } // namespace desktop

@@ -1,6 +1,7 @@
 #include "desktop/spoken_combo.h"
 
 #include "desktop/list_widgets.h"
+#include "desktop/spoken.h"
 
 #include <QAccessibleWidget>
 
@@ -55,15 +56,10 @@ class SpokenCombo : public QAccessibleWidget {
     ComboBoxWidget& box() const { return static_cast<ComboBoxWidget&>(*widget()); }
 };
 
-QAccessibleInterface* makeSpoken(QString const&, QObject* object) {
-    auto* const box = dynamic_cast<ComboBoxWidget*>(object);
-    return box ? new SpokenCombo(*box) : nullptr;
-}
-
 } // namespace
 
 void letCombosSpeak() {
-    QAccessible::installFactory(makeSpoken);
+    letSpeak<ComboBoxWidget, SpokenCombo>();
 }
 
 } // namespace desktop

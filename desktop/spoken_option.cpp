@@ -1,6 +1,7 @@
 #include "desktop/spoken_option.h"
 
 #include "desktop/button_widgets.h"
+#include "desktop/spoken.h"
 
 #include <QAccessibleWidget>
 
@@ -35,15 +36,10 @@ class SpokenOption : public QAccessibleWidget {
     OptionButtonWidget& option() const { return static_cast<OptionButtonWidget&>(*widget()); }
 };
 
-QAccessibleInterface* makeSpoken(QString const&, QObject* object) {
-    auto* const option = dynamic_cast<OptionButtonWidget*>(object);
-    return option ? new SpokenOption(*option) : nullptr;
-}
-
 } // namespace
 
 void letOptionsSpeak() {
-    QAccessible::installFactory(makeSpoken);
+    letSpeak<OptionButtonWidget, SpokenOption>();
 }
 
 } // namespace desktop

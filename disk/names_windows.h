@@ -1,4 +1,4 @@
-// Names, handles and errors as Windows has them, for the files of this folder.
+// Names, handles and errors as Windows has them, for what calls the system itself.
 #pragma once
 
 #include <memory>

@@ -1,4 +1,5 @@
 #include "disk/disk.h"
+#include "disk/names_windows.h"
 #include "krt/commands.h"
 #include "krt/deadline.h"
 #include "krt/programs.h"
@@ -10,19 +11,12 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <io.h>
-#include <memory>
-
-#include <windows.h>
 
 namespace krt {
 
 namespace {
 
-struct CloseHandleOf {
-    using pointer = HANDLE;
-    void operator()(HANDLE handle) const { ::CloseHandle(handle); }
-};
-using Handle = std::unique_ptr<HANDLE, CloseHandleOf>;
+using disk::Handle;
 
 UINT console_before = 0;
 
@@ -82,7 +76,7 @@ Handle file_of(std::string_view bytes) {
     auto const opened =
         ::CreateFileW(name.data(), GENERIC_READ | GENERIC_WRITE | DELETE, FILE_SHARE_READ, &rights,
                       CREATE_ALWAYS, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    Handle file(opened == INVALID_HANDLE_VALUE ? nullptr : opened);
+    auto file = disk::handle_or_none(opened);
     DWORD put = 0;
     bool const whole =
         file &&
@@ -109,7 +103,7 @@ std::wstring command_line(Program const& program, std::vector<std::string> const
     auto line = quoted(disk::path_of(program.file).native());
     for (auto const* const some : {&program.words, &words})
         for (auto const& word : *some)
-            line += L' ' + quoted(disk::path_of(word).native());
+            line += L' ' + quoted(disk::wide_text(word)); // as given, however long
     return line;
 }
 

@@ -77,6 +77,12 @@ for name in kehystin krt-draw; do
   expect 0 draw asiakkaat.krt -o $name.png
   says $name.png 'card.name=Asiakkaat'
 done
+# It is told of the card as the user calls it.
+deep=$(printf 'kansio/%.0s' {1..40})
+mkdir -p $deep
+cp asiakkaat.krt $deep
+expect 0 draw ${deep}asiakkaat.krt -o kuva.png
+grep -qx "${deep}asiakkaat.krt" kuva.png || tell "another name: $(tail -n 5 kuva.png)"
 # A thumbnail is waited for a second, and what takes longer ends with the tool.
 sed 's/^card.name=Asiakkaat/card.name=hidas/' asiakkaat.krt >hidas.krt
 expect 1 draw hidas.krt --size 64 -o hidas.png

@@ -1,5 +1,5 @@
-// Stands for the program that paints: its picture is the card that it is given. A card called
-// "hidas" takes it longer than anybody waits.
+// Stands for the program that paints: its picture is the card that it is given, and behind it its
+// words, a line each. A card called "hidas" takes it longer than anybody waits.
 #include <cstdio>
 #include <fcntl.h>
 #include <io.h>
@@ -7,7 +7,7 @@
 
 #include <windows.h>
 
-int main() {
+int main(int argc, char* argv[]) {
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     std::string card;
@@ -16,5 +16,7 @@ int main() {
     if (card.find("hidas") != std::string::npos)
         Sleep(60'000);
     std::fwrite(card.data(), 1, card.size(), stdout);
+    for (int i = 1; i < argc; ++i)
+        std::printf("%s\n", argv[i]);
     return 0;
 }

@@ -114,7 +114,8 @@ bool is_full(int error);
 std::string state_folder();
 /// Where it keeps its settings; the same.
 std::string settings_folder();
-/// The words of the command line, without the program's own.
+/// The words of the command line, without the program's own; "*" and "?" in the last part of a name
+/// stand for what is there, also where no shell sees to it.
 std::vector<std::string> words_of(int count, char** words);
 std::tm local_time(std::time_t time);
 int process_number();

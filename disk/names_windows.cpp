@@ -47,13 +47,12 @@ std::wstring final_name(std::wstring const& name) {
     return without_mark(std::move(whole));
 }
 
-/// Capital letters make no other file.
+} // namespace
+
 std::wstring lower(std::wstring text) {
     ::CharLowerBuffW(text.data(), static_cast<DWORD>(text.size()));
     return text;
 }
-
-} // namespace
 
 std::wstring wide_text(std::string_view text) {
     auto const size = static_cast<int>(text.size());

@@ -23,6 +23,9 @@ inline Handle handle_or_none(HANDLE handle) {
 std::wstring wide_text(std::string_view text);
 std::string narrow_text(std::wstring_view text);
 
+/// Capital letters make no other file.
+std::wstring lower(std::wstring text);
+
 struct WideName {
     std::wstring name; ///< from its drive or share on; empty where no file can have it
     bool is_device = false;

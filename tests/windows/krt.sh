@@ -52,6 +52,18 @@ says out 'kortista on tullut toinen kortti'
 expect 0 form asiakkaat.krt -o 'sivu.html'
 says sivu.html '</form>'
 expect 0 rescue
+# No shell there finds the files that a pattern stands for.
+mkdir kaikki
+cp vanha.krt laskut.krt kaikki/
+cp rikki.krt kaikki/rikki.krt~
+cp rikki.krt kaikki/.rikki.krt
+expect 0 links 'kaikki\*.KRT'
+says out 'kaikki\vanha.krt: '
+says out 'kaikki\laskut.krt: '
+expect 0 links 'v?n*a.krt'
+says out 'vanha.krt: '
+expect 2 check 'ei*.krt'
+says err 'ei*.krt: ei voi lukea: nimi ei kelpaa'
 # What cannot be read or written is told, and nothing is lost or left over it.
 expect 2 check puuttuu.krt
 says err 'puuttuu.krt: ei voi lukea: tiedostoa tai hakemistoa ei ole'

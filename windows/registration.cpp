@@ -68,6 +68,8 @@ int told(bool done) {
 int registerCards() {
     auto const program = L"\"" + ownPath() + L"\"";
     auto const other = textOf(ending);
+    if (other.empty()) // who was there at another registration has gone
+        RegDeleteKeyValueW(HKEY_CURRENT_USER, kindKey.c_str(), before);
     bool const kept = other.empty() || other == kind || put(kindKey, before, other);
     return told(kept && put(kindKey, nullptr, L"Korttimalli") &&
                 put(kindKey + L"\\DefaultIcon", nullptr, program + L",0") &&

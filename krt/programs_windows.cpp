@@ -23,6 +23,7 @@ UINT console_before = 0;
 } // namespace
 
 void begin_process() {
+    ::SetErrorMode(SEM_FAILCRITICALERRORS); // a drive without its disk is a failure like others
     for (auto* const stream : {stdin, stdout, stderr})
         ::_setmode(::_fileno(stream), _O_BINARY);
     console_before = ::GetConsoleOutputCP();

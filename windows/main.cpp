@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <stdio.h>
+#include <windows.h>
 
 #include <string>
 #include <string_view>
@@ -30,6 +31,7 @@ int paint(std::vector<std::string>& words) {
 } // namespace
 
 int main(int argc, char* argv[]) {
+    SetErrorMode(SEM_FAILCRITICALERRORS); // a drive without its disk is a failure like others
     auto words = disk::words_of(argc, argv);
     std::string_view const first = words.empty() ? std::string_view() : words.front();
     if (first == desktop::help_reader::option && words.size() == 2)

@@ -80,6 +80,10 @@ Kind kind_of(std::string const& path) {
         return errno == ENOENT || errno == ENOTDIR ? Kind::missing : Kind::unknown;
     if ((known.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
         return Kind::folder;
+    if (wide.is_folder) {
+        errno = ENOTDIR;
+        return Kind::missing;
+    }
     return (known.dwFileAttributes & FILE_ATTRIBUTE_DEVICE) != 0 ? Kind::special : Kind::file;
 }
 
@@ -128,6 +132,10 @@ int open(std::string const& path, Open how) {
     auto const wide = wide_name(path);
     if (!is_name(wide))
         return -1;
+    if (wide.is_folder && kind_of(path) != Kind::folder) {
+        errno = ENOTDIR;
+        return -1;
+    }
     auto const [access, making, stream] = flags_of(how);
     auto file = handle_or_none(::CreateFileW(wide.c_str(), access, shared, nullptr, making,
                                              FILE_ATTRIBUTE_NORMAL, nullptr));

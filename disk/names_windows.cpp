@@ -85,14 +85,15 @@ WideName wide_name(std::string_view text) {
         return {whole, true};
     if (has_colon(whole))
         return {};
+    bool const is_folder = whole.ends_with(L'\\');
     while (whole.size() > 3 && whole.ends_with(L'\\'))
         whole.pop_back();
     constexpr std::size_t usual_length = 240; // a folder takes less than a file
     if (whole.size() < usual_length)
-        return {whole};
+        return {whole, false, is_folder};
     if (whole.starts_with(L"\\\\"))
-        return {std::wstring(any_length_share) + whole.substr(2)};
-    return {std::wstring(any_length) + whole};
+        return {std::wstring(any_length_share) + whole.substr(2), false, is_folder};
+    return {std::wstring(any_length) + whole, false, is_folder};
 }
 
 bool is_name(WideName const& wide) {

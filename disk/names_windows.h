@@ -29,6 +29,7 @@ std::wstring lower(std::wstring text);
 struct WideName {
     std::wstring name; ///< from its drive or share on; empty where no file can have it
     bool is_device = false;
+    bool is_folder = false; ///< it ends in a separator, which the name is without
 
     wchar_t const* c_str() const { return name.c_str(); }
 };

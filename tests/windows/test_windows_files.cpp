@@ -140,6 +140,20 @@ TEST_F(WindowsFiles, WhatNoFileCanHaveAsNameIsRefused) {
     }
 }
 
+TEST_F(WindowsFiles, ANameThatEndsInASeparatorIsNoFiles) {
+    auto const path = copy("kortti.krt");
+    open_changed(path);
+    for (auto const* const end : {"\\", "/"}) {
+        EXPECT_FALSE(names_a_file(path + end));
+        for (auto const& name : {path + end, folder / "uusi.krt" + end}) {
+            EXPECT_TRUE(contains(box_of_saving_as(name), "(76)")) << name;
+            open_changed(path);
+        }
+        EXPECT_EQ(disk::kind_of(folder / end), disk::Kind::folder);
+    }
+    EXPECT_FALSE(disk::is_there(folder / "uusi.krt"));
+}
+
 TEST_F(WindowsFiles, AFileThatAnotherProgramHoldsStaysAsItIs) {
     auto const path = copy("kortti.krt");
     auto const bytes = bytes_of(path);

@@ -10,6 +10,7 @@
 #include "model/session.h"
 
 #include <QAbstractButton>
+#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QApplication>
 #include <QImage>
@@ -83,6 +84,8 @@ class WhileOpen {
                 return;
             timer_.stop();
             then_(*box);
+            // On Windows a loop inside of this one takes the word that this one is to end.
+            QAbstractEventDispatcher::instance()->wakeUp();
         });
         timer_.start(20);
     }

@@ -3,6 +3,7 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -286,7 +287,8 @@ void BothHands::add_fields() {
     link_by_hand(1);
     add("drag_img");
     in_windows_of("the picture", [&] { open_beside("txt_imgfile", "cmd_imgfile"); },
-                  {give_file(QStringLiteral(KEHYSTIN_SOURCES "/examples/kuvat/talo.bmp"))});
+                  {give_file(QFileInfo(QStringLiteral(KEHYSTIN_SOURCES "/examples/kuvat/talo.bmp"))
+                                 .absoluteFilePath())}); // on Windows with its drive
     in_windows_of("the scaling", [&] { pick("txt_scale", "cmd_scale", "lst_scale", 1); },
                   {answer("Kyllä")});
     pick("txt_border", "cmd_border", "lst_border", 1);

@@ -14,6 +14,8 @@ std::wstring const classes = L"Software\\Classes\\";
 std::wstring const ending = classes + L".krt";
 std::wstring const kind = L"Kehystin.Card";
 std::wstring const kindKey = classes + kind;
+/// Of the ending: whom "Open with" offers.
+std::wstring const offeredKey = ending + L"\\OpenWithProgids";
 /// Of the kind: the other that opened cards before.
 constexpr wchar_t before[] = L"Before";
 
@@ -35,21 +37,32 @@ bool remove(std::wstring const& key) {
     return result == ERROR_SUCCESS || result == ERROR_FILE_NOT_FOUND;
 }
 
-/// Cards are opened by who opened them before. What others have said of them stays.
+bool removeIfEmpty(std::wstring const& name) {
+    DWORD values = 1;
+    DWORD keys = 1;
+    HKEY key = nullptr;
+    auto const opened = RegOpenKeyExW(HKEY_CURRENT_USER, name.c_str(), 0, KEY_READ, &key);
+    if (opened != ERROR_SUCCESS)
+        return opened == ERROR_FILE_NOT_FOUND;
+    RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr,
+                     nullptr, nullptr, nullptr);
+    RegCloseKey(key);
+    return keys != 0 || values != 0 || remove(name);
+}
+
+/// Cards are opened by who opened them before.
 bool giveBack() {
     auto const other = textOf(kindKey, before);
     if (!other.empty())
         return put(ending, nullptr, other);
     RegDeleteKeyValueW(HKEY_CURRENT_USER, ending.c_str(), nullptr);
-    DWORD values = 1;
-    DWORD keys = 1;
-    HKEY key = nullptr;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, ending.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
-        return false;
-    RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr,
-                     nullptr, nullptr, nullptr);
-    RegCloseKey(key);
-    return keys != 0 || values != 0 || remove(ending);
+    return true;
+}
+
+/// What others have said of cards stays.
+bool offerNoMore() {
+    RegDeleteKeyValueW(HKEY_CURRENT_USER, offeredKey.c_str(), kind.c_str());
+    return removeIfEmpty(offeredKey) && removeIfEmpty(ending);
 }
 
 std::wstring ownPath() {
@@ -74,13 +87,13 @@ int registerCards() {
     return told(kept && put(kindKey, nullptr, L"Korttimalli") &&
                 put(kindKey + L"\\DefaultIcon", nullptr, program + L",0") &&
                 put(kindKey + L"\\shell\\open\\command", nullptr, program + L" -- \"%1\"") &&
-                put(ending, nullptr, kind));
+                put(offeredKey, kind.c_str(), {}) && put(ending, nullptr, kind));
 }
 
 int unregisterCards() {
     // Who opens the files by now may be another program.
     bool const ours = textOf(ending) == kind;
-    return told((!ours || giveBack()) && remove(kindKey));
+    return told((!ours || giveBack()) && offerNoMore() && remove(kindKey));
 }
 
 } // namespace windows

@@ -14,6 +14,7 @@ namespace {
 
 std::wstring const ending = L".krt";
 std::wstring const kind = L"Kehystin.Card";
+std::wstring const offered = ending + L"\\OpenWithProgids";
 
 std::wstring key_of(std::wstring const& name) {
     return L"Software\\Classes\\" + name;
@@ -28,8 +29,9 @@ std::optional<std::wstring> text_of(std::wstring const& name, wchar_t const* val
 }
 
 /// Another program takes cards.
-void put(std::wstring const& program, wchar_t const* value = nullptr) {
-    ::RegSetKeyValueW(HKEY_CURRENT_USER, key_of(ending).c_str(), value, REG_SZ, program.c_str(),
+void put(std::wstring const& program, wchar_t const* value = nullptr,
+         std::wstring const& name = ending) {
+    ::RegSetKeyValueW(HKEY_CURRENT_USER, key_of(name).c_str(), value, REG_SZ, program.c_str(),
                       static_cast<DWORD>((program.size() + 1) * sizeof(wchar_t)));
 }
 
@@ -75,7 +77,9 @@ TEST_F(Registration, WhoOpenedCardsBeforeDoesSoAgain) {
     for (int i = 0; i < 2; ++i)
         ASSERT_EQ(registerCards(), 0);
     EXPECT_EQ(text_of(ending), kind);
+    EXPECT_EQ(text_of(offered, kind.c_str()), L"");
     EXPECT_EQ(unregisterCards(), 0);
+    EXPECT_FALSE(is_known(offered));
     EXPECT_EQ(text_of(ending), L"Toinen");
     EXPECT_EQ(text_of(ending, L"Content Type"), L"text/plain");
     EXPECT_FALSE(is_known(kind));
@@ -84,8 +88,11 @@ TEST_F(Registration, WhoOpenedCardsBeforeDoesSoAgain) {
 TEST_F(Registration, WhoHasTakenCardsSinceKeepsThem) {
     ASSERT_EQ(registerCards(), 0);
     put(L"Kolmas");
+    put(L"", L"Kolmas", offered);
     EXPECT_EQ(unregisterCards(), 0);
     EXPECT_EQ(text_of(ending), L"Kolmas");
+    EXPECT_EQ(text_of(offered, L"Kolmas"), L"");
+    EXPECT_EQ(text_of(offered, kind.c_str()), std::nullopt);
     EXPECT_FALSE(is_known(kind));
 }
 
